@@ -1,0 +1,69 @@
+#include "storage/native_file.h"
+
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+namespace mxd {
+namespace {
+
+HANDLE handle_of(std::intptr_t handle) {
+  return reinterpret_cast<HANDLE>(handle);
+}
+
+}  // namespace
+
+Open_result Native_file::open(const Wide_string& path, File_access access, File_creation creation) {
+  close();
+  const DWORD rights =
+      access == File_access::read_write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
+  const DWORD disposition =
+      creation == File_creation::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
+  const HANDLE handle = CreateFileW(path.c_str(), rights, FILE_SHARE_READ, nullptr, disposition,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return GetLastError() == ERROR_SHARING_VIOLATION ? Open_result::sharing_violation
+                                                     : Open_result::failed;
+  }
+  handle_ = reinterpret_cast<std::intptr_t>(handle);
+  return Open_result::opened;
+}
+
+bool Native_file::close() {
+  if (handle_ == closed) return false;
+  const HANDLE handle = handle_of(handle_);
+  handle_ = closed;
+  return CloseHandle(handle) != 0;
+}
+
+std::optional<std::uint64_t> Native_file::seek(std::int64_t distance, Seek_origin origin) {
+  const DWORD method = origin == Seek_origin::begin     ? FILE_BEGIN
+                       : origin == Seek_origin::current ? FILE_CURRENT
+                                                        : FILE_END;
+  LARGE_INTEGER move;
+  LARGE_INTEGER position;
+  move.QuadPart = distance;
+  if (SetFilePointerEx(handle_of(handle_), move, &position, method) == 0) return std::nullopt;
+  return static_cast<std::uint64_t>(position.QuadPart);
+}
+
+std::optional<std::uint32_t> Native_file::read(void* buffer, std::uint32_t size) {
+  DWORD done = 0;
+  if (ReadFile(handle_of(handle_), buffer, size, &done, nullptr) == 0) return std::nullopt;
+  return static_cast<std::uint32_t>(done);
+}
+
+std::optional<std::uint32_t> Native_file::write(const void* buffer, std::uint32_t size) {
+  DWORD done = 0;
+  if (WriteFile(handle_of(handle_), buffer, size, &done, nullptr) == 0) return std::nullopt;
+  return static_cast<std::uint32_t>(done);
+}
+
+bool Native_file::set_end() {
+  return SetEndOfFile(handle_of(handle_)) != 0;
+}
+
+void sleep_one_millisecond() {
+  Sleep(1);
+}
+
+}  // namespace mxd

@@ -1,0 +1,38 @@
+#include "storage/text.h"
+
+#include <algorithm>
+
+namespace mxd {
+
+Wide_string widen(std::string_view ascii) {
+  Wide_string wide(ascii.size(), Wide_char{});
+  std::transform(ascii.begin(), ascii.end(), wide.begin(),
+                 [](char c) { return static_cast<Wide_char>(static_cast<unsigned char>(c)); });
+  return wide;
+}
+
+Wide_view trim(Wide_view text) {
+  static constexpr Wide_char blanks[] = {' ', '\r', '\t', '\n', 0};
+  const auto first = text.find_first_not_of(blanks);
+  if (first == Wide_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
+std::string_view until_nul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator) {
+  static constexpr char digits[] = "0123456789ABCDEF";
+  if (bytes.empty()) return {};
+  std::string text(bytes.size() * 2 + (bytes.size() - 1) * separator.size(), '\0');
+  auto out = text.begin();
+  for (const std::uint8_t byte : bytes) {
+    if (out != text.begin()) out = std::copy(separator.begin(), separator.end(), out);
+    *out++ = digits[byte >> 4];
+    *out++ = digits[byte & 15];
+  }
+  return text;
+}
+
+}  // namespace mxd

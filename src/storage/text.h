@@ -1,0 +1,34 @@
+// Text as the document keeps it (UTF-16) and as the outputs write it (8-bit).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "storage/bytes.h"
+#include "vqk_file_mxd.h"
+
+namespace mxd {
+
+using Wide_char = vq_mxd_char;
+using Wide_string = std::basic_string<Wide_char>;
+using Wide_view = std::basic_string_view<Wide_char>;
+
+// ASCII text as UTF-16, for literals that must work with either type of unit.
+Wide_string widen(std::string_view ascii);
+
+// UTF-16 to the library's 8-bit code page, up to the first NUL.
+std::string to_narrow(Wide_view text);
+
+// The library's 8-bit code page to UTF-16, the whole text.
+Wide_string narrow_to_wide(std::string_view text);
+
+// Without leading and trailing space, CR, TAB and LF.
+Wide_view trim(Wide_view text);
+
+// The text before its first NUL, which is where both outputs end it.
+std::string_view until_nul(std::string_view text);
+
+// "00 1A FF": two upper-case digits a byte, the separator between them.
+std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator);
+
+}  // namespace mxd
