@@ -1,0 +1,15 @@
+// Takes one named stream out of an OLE2 compound file.
+#pragma once
+
+#include "storage/memory_stream.h"
+#include "storage/text.h"
+
+namespace mxd {
+
+// Copies the first stream of that name, in whatever storage, to `out`. 1 when there is one, even if
+// its sectors are damaged and `out` holds only what could be copied; 0, with `out` untouched, when
+// the file or its tables cannot be read, nothing has that name or memory runs out.
+// Time and memory grow with the file's size, never with what its tables claim.
+int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out);
+
+}  // namespace mxd

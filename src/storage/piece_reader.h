@@ -1,0 +1,35 @@
+// Reads lists of equally long pieces of a file with as few calls to the system as can be.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "storage/file_stream.h"
+
+namespace mxd {
+
+using Offsets = std::vector<std::int64_t>;
+
+class Piece_reader {
+ public:
+  // What lies behind `reachable` is treated as absent.
+  Piece_reader(Tmxd_stream_f& stream, std::uint64_t reachable);
+
+  std::uint64_t file_size() const { return file_size_; }
+  bool in_file(std::int64_t offset, std::size_t length) const;
+
+  // Reads the pieces one after another into `to`, up to the first that cannot be read whole; how
+  // many arrived. Pieces that follow each other in the file are read with one call.
+  std::size_t read(std::span<const std::int64_t> offsets, std::size_t piece,
+                   std::span<std::uint8_t> to);
+
+ private:
+  std::size_t read_run(std::int64_t offset, std::size_t piece, std::span<std::uint8_t> to);
+
+  Tmxd_stream_f& stream_;
+  std::uint64_t file_size_;
+};
+
+}  // namespace mxd

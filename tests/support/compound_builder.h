@@ -1,0 +1,110 @@
+// Compound files as a test means them: Compound_file().stream("Maps", bytes).fragmented(3).build()
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "storage/bytes.h"
+
+namespace mxd::test {
+
+// Bytes in which a lost or misplaced sector shows.
+Byte_run noise(std::size_t size, unsigned seed = 1);
+
+// Fields of the header that a test may falsify, by offset.
+enum class Header_field : std::size_t {
+  sector_shift = 0x1E,
+  mini_sector_shift = 0x20,
+  fat_sectors = 0x2C,
+  first_directory_sector = 0x30,
+  cutoff = 0x38,
+  first_mini_fat_sector = 0x3C,
+  mini_fat_sectors = 0x40,
+  first_difat_sector = 0x44,
+  difat_sectors = 0x48,
+  first_fat_sector = 0x4C,
+  second_fat_sector = 0x50,
+};
+
+constexpr std::uint32_t end_of_chain = 0xFFFFFFFE;
+constexpr std::uint32_t free_sector = 0xFFFFFFFF;
+constexpr std::uint32_t sector_outside = 0x00100000;
+
+class Compound_file {
+ public:
+  // Chains that are no stream's, for the damages below.
+  static constexpr std::string_view directory = "/directory";
+  static constexpr std::string_view mini_stream = "/mini stream";
+  static constexpr std::string_view mini_fat = "/mini FAT";
+
+  // Directory entries, in file order behind the root. Streams below the cutoff go to the mini
+  // stream. The tree of storages is flat: whatever stands in it is a child of the root.
+  Compound_file& stream(std::string_view name, Byte_run bytes);
+  Compound_file& storage(std::string_view name);
+  // What a deleted stream leaves behind: the name, but no sectors.
+  Compound_file& unused_entry(std::string_view name);
+
+  Compound_file& cutoff(std::uint32_t size);
+  // Neighbours of a chain lie that many sectors apart, mini sectors as well.
+  Compound_file& fragmented(std::size_t stride);
+  Compound_file& unused_sectors(std::size_t count);
+  Compound_file& signature(std::string_view eight_bytes);
+
+  // Damages. A link leads from the sector of that place in the chain.
+  Compound_file& link(std::string_view chain, std::size_t from, std::uint32_t to);
+  Compound_file& circle(std::string_view chain, std::size_t from, std::size_t back_to);
+  Compound_file& first_sector(std::string_view stream, std::uint32_t sector);
+  Compound_file& claimed_size(std::string_view stream, std::uint32_t size);
+  Compound_file& header(Header_field field, std::uint32_t value);
+
+  Byte_run build() const;
+
+ private:
+  enum class Kind : std::uint8_t { unused = 0, storage = 1, stream = 2, root = 5 };
+  struct Entry {
+    std::string name;
+    Kind kind = Kind::unused;
+    Byte_run bytes = {};
+    std::optional<std::uint32_t> false_first_sector = {};
+    std::optional<std::uint32_t> false_size = {};
+  };
+  struct Link_damage {
+    std::string chain;
+    std::size_t from = 0;
+    std::uint32_t to = 0;
+    bool to_is_place = false;
+  };
+  struct Header_damage {
+    Header_field field;
+    std::uint32_t value;
+  };
+  struct Chain {
+    std::string name;
+    Byte_run bytes;
+    std::vector<std::uint32_t> sectors = {};
+  };
+  using Chains = std::vector<Chain>;
+  struct Layout;
+
+  Entry& entry(std::string_view name);
+  void fill_mini_stream(Layout& layout) const;
+  void place_sectors(Layout& layout) const;
+  void fill_fat(Layout& layout) const;
+  void fill_directory(Layout& layout) const;
+  Byte_run header_bytes(const Layout& layout) const;
+  void link_sectors(const Chains& chains, std::vector<std::uint32_t>& links) const;
+
+  std::vector<Entry> entries_;
+  std::vector<Link_damage> link_damages_;
+  std::vector<Header_damage> header_damages_;
+  std::string signature_ = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+  std::uint32_t cutoff_ = 4096;
+  std::size_t stride_ = 1;
+  std::size_t unused_sectors_ = 0;
+};
+
+}  // namespace mxd::test
