@@ -1,0 +1,62 @@
+// Class ids: 16 bytes in the order in which their text is written.
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace mxd {
+
+struct Guid {
+  std::array<std::uint8_t, 16> bytes{};
+
+  bool is_null() const { return *this == Guid{}; }
+  auto operator<=>(const Guid&) const = default;
+};
+
+// The stream stores the first three groups little-endian: byte i of a stored GUID is byte
+// guid_stored_order[i] of its text form. The permutation is its own inverse.
+inline constexpr std::array<std::uint8_t, 16> guid_stored_order = {3, 2, 1,  0,  5,  4,  7,  6,
+                                                                   8, 9, 10, 11, 12, 13, 14, 15};
+
+constexpr Guid guid_reordered(const Guid& guid) {
+  Guid result;
+  for (std::size_t i = 0; i < 16; ++i) result.bytes[guid_stored_order[i]] = guid.bytes[i];
+  return result;
+}
+
+constexpr int hex_digit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+// 36 characters, 8-4-4-4-12 digits without braces. The dashes are not looked at; a pair that does
+// not begin with a digit gives 0, a pair with one digit that digit's value.
+constexpr Guid guid_from_text(std::string_view text) {
+  constexpr std::array<std::size_t, 16> pair_starts = {0,  2,  4,  6,  9,  11, 14, 16,
+                                                       19, 21, 24, 26, 28, 30, 32, 34};
+  Guid result;
+  for (std::size_t i = 0; i < 16; ++i) {
+    if (pair_starts[i] + 2 > text.size()) break;
+    const int high = hex_digit(text[pair_starts[i]]);
+    const int low = hex_digit(text[pair_starts[i] + 1]);
+    const int value = high < 0 ? 0 : low < 0 ? high : high * 16 + low;
+    result.bytes[i] = static_cast<std::uint8_t>(value);
+  }
+  return result;
+}
+
+// A class's id: the text that it reports and the bytes that are compared.
+struct Class_id {
+  std::string_view text;
+  Guid guid;
+
+  constexpr explicit Class_id(std::string_view clsid_text)
+      : text(clsid_text), guid(guid_from_text(clsid_text)) {}
+};
+
+}  // namespace mxd

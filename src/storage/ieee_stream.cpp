@@ -1,0 +1,82 @@
+#include "storage/ieee_stream.h"
+
+#include <span>
+
+namespace mxd {
+namespace {
+
+// One block where the stream holds it all. Where it does not, whole units are taken for as long as
+// there are any, so that the position ends behind the last one, and the rest stays as it was.
+bool read_units(Tmxd_ieee_stream& stream, std::span<std::uint8_t> bytes, std::size_t unit) {
+  if (stream.read(bytes.data(), unit, bytes.size() / unit)) return true;
+  for (; !bytes.empty(); bytes = bytes.subspan(unit)) {
+    if (!stream.read(bytes.data(), unit, 1)) return false;
+  }
+  return true;
+}
+
+bool read_characters(Tmxd_ieee_stream& stream, std::size_t count, std::string& out) {
+  Byte_run bytes(count);
+  const bool ok = count == 0 || read_units(stream, bytes, 1);
+  out.assign(bytes.begin(), bytes.end());
+  return ok;
+}
+
+}  // namespace
+
+bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out) {
+  out.clear();
+  std::int32_t count = 0;
+  if (!read_number(stream, count) || count < 0 || count > longest_string) return false;
+  return read_characters(stream, static_cast<std::size_t>(count), out);
+}
+
+bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out) {
+  out.clear();
+  std::int32_t count = 0;
+  if (!read_number(stream, count) || count < 0 || count > longest_string || count % 2 != 0) {
+    return false;
+  }
+  std::array<std::uint8_t, longest_string> stored{};
+  const std::size_t units = static_cast<std::size_t>(count) / 2;
+  const bool ok = units == 0 || read_units(stream, std::span(stored).first(2 * units), 2);
+  out.resize(units);
+  for (std::size_t i = 0; i < units; ++i) {
+    out[i] = static_cast<Wide_char>(stored[2 * i] | stored[2 * i + 1] << 8);
+  }
+  return ok;
+}
+
+bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out) {
+  out.clear();
+  if (n < 1) return true;
+  out.resize(static_cast<std::size_t>(n));
+  return read_units(stream, out, 1);
+}
+
+bool read_short_string(Tmxd_ieee_stream& stream, std::string& out) {
+  out.clear();
+  std::uint8_t count = 0;
+  return read_number(stream, count) && read_characters(stream, count, out);
+}
+
+bool read_guid(Tmxd_ieee_stream& stream, Guid& out) {
+  Guid stored;
+  if (!read_units(stream, stored.bytes, 1)) return false;
+  out = guid_reordered(stored);
+  return true;
+}
+
+bool read_class_id(Tmxd_ieee_stream& stream, const Guid& expected) {
+  Guid found;
+  return read_guid(stream, found) && found == expected;
+}
+
+bool read_symbol_trailer(Tmxd_ieee_stream& stream) {
+  constexpr std::uint32_t symbol_trailer_mark = 13;
+  std::uint32_t mark = 0;
+  std::uint32_t ignored = 0;
+  return read_number(stream, mark) && read_number(stream, ignored) && mark == symbol_trailer_mark;
+}
+
+}  // namespace mxd

@@ -1,0 +1,61 @@
+// The stream that persisted data is decoded from, and the decoders of its primitives.
+//
+// Everything is little-endian and packed. A decoder answers false at the first read or check that
+// fails; strings and byte runs then still have their declared length, the rest of it zero.
+#pragma once
+
+#include <bit>
+#include <concepts>
+#include <cstdint>
+#include <string>
+
+#include "storage/bytes.h"
+#include "storage/guid.h"
+#include "storage/stream.h"
+#include "storage/text.h"
+
+namespace mxd {
+
+class Tmxd_ieee_stream : public Tmxd_stream {};
+
+// A longer string is taken for misread data.
+inline constexpr std::int32_t longest_string = 9999;
+
+template <class T>
+concept Stored_number = std::integral<T> || std::same_as<T, double>;
+
+template <Stored_number T>
+bool read_number(Tmxd_ieee_stream& stream, T& out) {
+  std::array<std::uint8_t, sizeof(T)> stored;
+  if (!stream.read(stored.data(), sizeof(T), 1)) return false;
+  std::uint64_t bits = 0;
+  for (std::size_t i = 0; i < sizeof(T); ++i) bits |= std::uint64_t{stored[i]} << (8 * i);
+  if constexpr (std::same_as<T, double>) {
+    out = std::bit_cast<double>(bits);
+  } else {
+    out = static_cast<T>(bits);
+  }
+  return true;
+}
+
+// int32 count of 0 to 9999, then that many bytes.
+bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out);
+
+// int32 count of bytes, even and 0 to 9999, then the UTF-16 units, closing NULs included.
+bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out);
+
+// A run of n bytes; true without reading when n is below 1.
+bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out);
+
+// One byte of length, then that many bytes.
+bool read_short_string(Tmxd_ieee_stream& stream, std::string& out);
+
+bool read_guid(Tmxd_ieee_stream& stream, Guid& out);
+
+// A GUID that must be this one.
+bool read_class_id(Tmxd_ieee_stream& stream, const Guid& expected);
+
+// Two uint32 of which the first must be 13.
+bool read_symbol_trailer(Tmxd_ieee_stream& stream);
+
+}  // namespace mxd

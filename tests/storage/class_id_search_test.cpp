@@ -1,0 +1,148 @@
+#include "storage/class_id_search.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "storage/ieee_stream.h"
+#include "support/object_builder.h"
+
+namespace mxd::test {
+namespace {
+
+// The search as it is meant: every position is sought and read, one byte after the other. It is the
+// referee of the index.
+class Naive_search final : public Tmxd_ieee_stream {
+ public:
+  explicit Naive_search(const std::vector<std::uint8_t>& bytes) {
+    memory_.write(bytes.data(), 1, bytes.size());
+  }
+
+  Class_id_hits find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit,
+                         bool only_first = false) {
+    const std::int64_t size = static_cast<std::int64_t>(get_size());
+    const std::int64_t last = (limit < 0 ? size : limit) - 16;
+    Class_id_hits result{true, {}};
+    for (std::int64_t position = start; position <= last; ++position) {
+      Guid found;
+      if (!seek(static_cast<std::uint64_t>(position)) || !read_guid(*this, found)) {
+        return {false, result.hits};
+      }
+      if (std::find(candidates.begin(), candidates.end(), found) == candidates.end()) continue;
+      result.hits.push_back({position, found});
+      if (only_first) break;
+    }
+    return result;
+  }
+
+  bool set_size(std::uint64_t new_size) override { return memory_.set_size(new_size); }
+  std::uint64_t get_size() override { return memory_.get_size(); }
+  bool seek(std::uint64_t position) override { return memory_.seek(position); }
+  std::uint64_t tell() override { return memory_.tell(); }
+  bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return memory_.read(buffer, element_size, count);
+  }
+  bool write(const void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return memory_.write(buffer, element_size, count);
+  }
+
+ private:
+  Tmxd_stream_m memory_;
+};
+
+void expect_same(const std::vector<std::uint8_t>& bytes, const Class_id_filter& filter,
+                 std::span<const Guid> candidates, std::int64_t start, std::int64_t limit) {
+  SCOPED_TRACE(testing::Message() << "size " << bytes.size() << " start " << start << " limit "
+                                  << limit);
+  Naive_search naive(bytes);
+  const Class_id_index index(filter, bytes);
+  const Class_id_hits wanted = naive.find_all(candidates, start, limit);
+  const Class_id_hits all = index.find_all(candidates, start, limit);
+  EXPECT_EQ(wanted.ok, all.ok);
+  EXPECT_EQ(wanted.hits, all.hits);
+  const Class_id_hits wanted_first = naive.find_all(candidates, start, limit, true);
+  const Class_id_scan first = index.scan(candidates, start, limit);
+  EXPECT_EQ(wanted_first.ok, first.ok);
+  EXPECT_EQ(!wanted_first.hits.empty(), first.hit.has_value());
+  if (first.hit && !wanted_first.hits.empty()) {
+    EXPECT_EQ(wanted_first.hits.front(), *first.hit);
+  }
+}
+
+Guid guid_of(std::initializer_list<int> bytes) {
+  Guid guid;
+  std::transform(bytes.begin(), bytes.end(), guid.bytes.begin(),
+                 [](int byte) { return static_cast<std::uint8_t>(byte); });
+  return guid;
+}
+
+// Ids that begin inside each other, that share words, and that are all alike.
+const std::vector<Guid> tricky_ids = {
+    guid_from_text("7914E5FF-C892-11D0-8BB6-080009EE4E41"),
+    guid_from_text("7914E5FA-C892-11D0-8BB6-080009EE4E41"),
+    guid_reordered(guid_of({1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2})),
+    guid_reordered(guid_of({2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1})),
+    guid_of({7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7}),
+    Guid{}};
+
+TEST(Class_id_search, agrees_with_the_naive_search_on_planted_buffers) {
+  const Class_id_filter filter(tricky_ids);
+  std::mt19937 random(20);
+  for (int round = 0; round < 300; ++round) {
+    std::vector<std::uint8_t> bytes(random() % 200);
+    // Few different bytes, so that parts of ids stand everywhere.
+    for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() % 3 == 0 ? 7 : random() % 3);
+    for (int plant = 0; plant < 4 && bytes.size() > 16; ++plant) {
+      const Guid stored = guid_reordered(tricky_ids[random() % tricky_ids.size()]);
+      const auto place = static_cast<std::ptrdiff_t>(random() % (bytes.size() - 15));
+      std::copy(stored.bytes.begin(), stored.bytes.end(), bytes.begin() + place);
+    }
+    std::vector<Guid> candidates;
+    for (const Guid& id : tricky_ids) {
+      if (random() % 2 == 0) candidates.push_back(id);
+    }
+    const auto size = static_cast<std::int64_t>(bytes.size());
+    const std::int64_t start = static_cast<std::int64_t>(random() % 220);
+    for (const std::int64_t limit : {std::int64_t{-1}, size, size + 5, start + 15, start + 16,
+                                     static_cast<std::int64_t>(random() % 220)}) {
+      expect_same(bytes, filter, candidates, start, limit);
+      expect_same(bytes, filter, candidates, 0, limit);
+    }
+  }
+}
+
+TEST(Class_id_search, finds_an_id_at_every_offset_and_up_to_the_limit) {
+  const Class_id_filter filter(tricky_ids);
+  for (std::size_t lead = 0; lead < 20; ++lead) {
+    for (std::size_t tail = 0; tail < 3; ++tail) {
+      const auto bytes = Bytes().zeros(lead).guid(tricky_ids[0]).raw(std::string(tail, 'x')).data();
+      const auto place = static_cast<std::int64_t>(lead);
+      const Class_id_index index(filter, bytes);
+      const std::span<const Guid> wanted(tricky_ids.data(), 2);
+      EXPECT_EQ(place, index.scan(wanted, 0, place + 16).hit.value().position);
+      EXPECT_FALSE(index.scan(wanted, 0, place + 15).hit);
+      EXPECT_TRUE(index.scan(wanted, 0, place + 15).ok);
+      EXPECT_FALSE(index.scan(wanted, place + 1, -1).hit);
+    }
+  }
+}
+
+TEST(Class_id_search, a_negative_start_is_the_position_and_nothing_found_leaves_it) {
+  const Guid map_id = guid_from_text("E6BDAA76-4D35-11D0-98BE-00805F7CED21");
+  const Guid layer_id = guid_from_text("E663A651-8AAD-11D0-BEC7-00805F7C4268");
+  Decoder decoder(Bytes().guid(map_id).zeros(3).guid(map_id).zeros(9));
+  const std::span<const Guid> maps(&map_id, 1);
+  const std::span<const Guid> layers(&layer_id, 1);
+  EXPECT_EQ(2U, decoder.stream.find_all(maps, -1, -1).hits.size());
+  decoder.stream.seek(1);
+  EXPECT_EQ(19, decoder.stream.scan(maps, -1, -1).hit.value().position);
+  decoder.stream.seek(5);
+  EXPECT_FALSE(decoder.stream.scan(layers, -1, -1).hit);
+  EXPECT_EQ(5U, decoder.stream.tell());
+  EXPECT_TRUE(decoder.stream.find_all(layers, 2, -1).hits.empty());
+  EXPECT_EQ(2U, decoder.stream.tell());
+}
+
+}  // namespace
+}  // namespace mxd::test
