@@ -1,0 +1,16 @@
+#include "core/error_sink.h"
+
+namespace mxd {
+
+std::string error_line(const Read_error& error) {
+  std::string line = "ERROR IN " + std::to_string(error.number) + " ";
+  return line.append(error.type_name).append("  ").append(std::to_string(error.position));
+}
+
+void File_error_sink::read_failed(const Read_error& error) {
+  const std::string line = error_line(error) + "\n";
+  std::fwrite(line.data(), 1, line.size(), file_);
+  std::fflush(file_);
+}
+
+}  // namespace mxd

@@ -1,0 +1,131 @@
+// A class describes its fields once; the two faces of the writer turn the description into the text
+// dump and into XML.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/xml.h"
+#include "storage/bytes.h"
+#include "storage/text.h"
+
+namespace mxd {
+
+class Tmxd_obj;
+
+// The name of a field in either output; an empty one leaves the field out there. In lists the names
+// end in a 1-based number.
+struct Key {
+  std::string_view dump;
+  std::string_view xml;
+  std::int32_t number = 0;
+
+  constexpr Key(const char* in_both) : dump(in_both), xml(in_both) {}
+  constexpr Key(std::string_view in_dump, std::string_view in_xml, std::int32_t list_number = 0)
+      : dump(in_dump), xml(in_xml), number(list_number) {}
+};
+
+constexpr Key dump_only(std::string_view key) {
+  return {key, {}};
+}
+constexpr Key xml_only(std::string_view key, std::int32_t list_number = 0) {
+  return {{}, key, list_number};
+}
+
+class Field_writer {
+ public:
+  Field_writer() = default;
+  Field_writer(const Field_writer&) = delete;
+  Field_writer& operator=(const Field_writer&) = delete;
+  virtual ~Field_writer() = default;
+
+  virtual void integer(Key key, std::int32_t value) = 0;
+  virtual void real(Key key, double value) = 0;
+  virtual void boolean(Key key, bool value) = 0;
+  // 8-bit text as it is; both outputs end it at its first NUL.
+  virtual void narrow_text(Key key, std::string_view text) = 0;
+  void text(Key key, Wide_view text) { narrow_text(key, to_narrow(text)); }
+  void bytes(Key key, const Byte_run& run) { narrow_text(key, bytes_to_hex(run, " ")); }
+
+  // A nested object: in the dump a block under its type name, whatever the key.
+  virtual void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) = 0;
+  void object(std::string_view xml_name, const Tmxd_obj& nested) { object(xml_name, nested, 0); }
+
+  // A nested object that is held or not; where it is not, each output has its own way to say so.
+  template <class Slot>
+  void slot(std::string_view xml_name, const Slot& held, std::string_view xml_name_when_empty) {
+    if (held.get()) {
+      object(xml_name, *held.get());
+    } else {
+      narrow_text(dump_only(Slot::empty_key), "UNDEFINED");
+      boolean(xml_only(xml_name_when_empty), true);
+    }
+  }
+  template <class Slot>
+  void slot(std::string_view xml_name, const Slot& held) {
+    slot(xml_name, held, xml_name);
+  }
+
+  // Fields that belong together: a block in braces in the dump, an element in XML. Where a face has
+  // no name for it, the fields stand there without a frame.
+  template <class Describe>
+  void group(Key key, Describe describe) {
+    open(key);
+    describe();
+    close(key);
+  }
+
+  // Objects in order: one dump after another, and numbered elements under the list's own.
+  template <class List>
+  void list(std::string_view xml_name, std::string_view item_prefix, const List& objects) {
+    group(xml_only(xml_name), [&] {
+      std::int32_t number = 0;
+      for (const auto& item : objects) object(item_prefix, *item, ++number);
+    });
+  }
+
+ private:
+  virtual void open(Key key) = 0;
+  virtual void close(Key key) = 0;
+};
+
+class Text_writer final : public Field_writer {
+ public:
+  Text_writer(std::string& out, int indent, int step) : out_(out), indent_(indent), step_(step) {}
+
+  void integer(Key key, std::int32_t value) override;
+  void real(Key key, double value) override;
+  void boolean(Key key, bool value) override;
+  void narrow_text(Key key, std::string_view text) override;
+  void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
+
+ private:
+  void open(Key key) override;
+  void close(Key key) override;
+
+  std::string& out_;
+  int indent_;
+  int step_;
+};
+
+class Xml_writer final : public Field_writer {
+ public:
+  explicit Xml_writer(Tmxd_xml_node& element) : element_(&element) {}
+
+  void integer(Key key, std::int32_t value) override;
+  void real(Key key, double value) override;
+  void boolean(Key key, bool value) override;
+  void narrow_text(Key key, std::string_view text) override;
+  void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
+
+ private:
+  void open(Key key) override;
+  void close(Key key) override;
+
+  Tmxd_xml_node* element_;
+  std::vector<Tmxd_xml_node*> outer_;
+};
+
+}  // namespace mxd

@@ -1,0 +1,23 @@
+#include "core/object_slot.h"
+
+#include "core/object_read.h"
+
+namespace mxd {
+
+bool Object_slot::read_member_of(const Object_family& family, Tmxd_mxd_stream& stream,
+                                 std::int64_t start, std::int64_t limit) {
+  stream.keep_until_load_ends(std::move(object_));
+  const Class_id_scan found = stream.scan(family.candidates(), start, limit);
+  if (!found.hit) return found.ok;
+  object_ = family.create(found.hit->class_id);
+  return object_ && read_object(*object_, stream, found.hit->position, limit);
+}
+
+bool Object_slot::copy_member_of(const Object_family& family, const Object_slot& source) {
+  object_.reset();
+  if (!source.object_) return false;
+  object_ = family.create(source.object_->class_id().guid);
+  return object_ && object_->copy_from(*source.object_);
+}
+
+}  // namespace mxd

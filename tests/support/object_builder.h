@@ -1,0 +1,111 @@
+// Persisted data written as it is meant: a test reads as the fields that it puts into the stream.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/mxd_stream.h"
+#include "core/object_read.h"
+#include "storage/guid.h"
+#include "storage/memory_stream.h"
+#include "storage/text.h"
+
+namespace mxd::test {
+
+class Bytes {
+ public:
+  Bytes& u8(int value) { return number(static_cast<std::uint8_t>(value)); }
+  Bytes& u16(int value) { return number(static_cast<std::uint16_t>(value)); }
+  Bytes& i32(std::int64_t value) { return number(static_cast<std::uint32_t>(value)); }
+  Bytes& f64(double value);
+  Bytes& f64s(std::initializer_list<double> values);
+  // A wide string of ASCII text or UTF-16 units; its count is that of its bytes.
+  Bytes& wide(std::string_view text) { return wide(widen(text)); }
+  Bytes& wide(const char* text) { return wide(std::string_view(text)); }
+  Bytes& wide(const Wide_string& text);
+  Bytes& narrow(std::string_view text);
+  Bytes& raw(std::string_view bytes);
+  Bytes& zeros(std::size_t count) { return raw(std::string(count, '\0')); }
+  // Bytes first, first + 1, ...: a run in which a lost or shifted byte shows.
+  Bytes& counting(int count, int first = 1);
+  Bytes& guid(const Guid& value);
+  Bytes& add(const Bytes& other);
+  // Two uint32, the first of them 13 in a valid symbol.
+  Bytes& trailer(int mark = 13) { return i32(mark).i32(7); }
+
+  // A whole object: class id, number, reserve, version and its fields.
+  Bytes& object(const Class_id& class_id, int number, int version, const Bytes& fields);
+  // An object that was written before under that number.
+  Bytes& reference(const Class_id& class_id, int number);
+  Bytes& null_object() { return zeros(16); }
+
+  std::size_t size() const { return bytes_.size(); }
+  const std::vector<std::uint8_t>& data() const { return bytes_; }
+  Bytes prefix(std::size_t count) const;
+
+ private:
+  template <class T>
+  Bytes& number(T value) {
+    for (std::size_t i = 0; i < sizeof(T); ++i) {
+      bytes_.push_back(static_cast<std::uint8_t>(std::uint64_t{value} >> (8 * i)));
+    }
+    return *this;
+  }
+
+  std::vector<std::uint8_t> bytes_;
+};
+
+class Recorded_errors final : public Error_sink {
+ public:
+  void read_failed(const Read_error& error) override { lines.push_back(error_line(error)); }
+
+  std::vector<std::string> lines;
+};
+
+// A stream over these bytes, as a load has it, at position 0.
+class Decoder {
+ public:
+  explicit Decoder(const Bytes& bytes);
+
+ private:
+  Tmxd_stream_m memory_;
+
+ public:
+  Recorded_errors errors;
+  Tmxd_mxd_stream stream;
+};
+
+std::string dump_of(const Tmxd_obj& object);
+// The element of that name as the file has it, from its "<" on.
+std::string xml_of(const Tmxd_obj& object, std::string_view name = "it");
+
+// No prefix of a valid object may be taken for one; what was read of it must not leak or crash the
+// outputs. Prefixes from `complete_from` on are allowed to succeed.
+template <class T>
+void expect_prefixes_fail(const Bytes& record, std::size_t complete_from) {
+  for (std::size_t length = 0; length <= record.size(); ++length) {
+    Decoder decoder(record.prefix(length));
+    T object;
+    const bool ok = read_object(object, decoder.stream, 0, -1);
+    if (length < complete_from) {
+      EXPECT_FALSE(ok) << T::type << " cut to " << length;
+    } else if (length == record.size()) {
+      EXPECT_TRUE(ok) << T::type << " whole";
+    }
+    EXPECT_FALSE(dump_of(object).empty());
+    Xml_tree tree("root");
+    object.write_object_xml(tree.root(), "it");
+  }
+}
+
+template <class T>
+void expect_prefixes_fail(const Bytes& record) {
+  expect_prefixes_fail<T>(record, record.size());
+}
+
+}  // namespace mxd::test
