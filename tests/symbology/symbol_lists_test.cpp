@@ -1,0 +1,105 @@
+#include "symbology/class_table.h"
+
+namespace mxd::test {
+namespace {
+
+// Which classes a search stops at, and which ones are made, in the order of the table.
+TEST(Symbol_families, know_their_own_classes) {
+  struct Case {
+    const Object_family& family;
+    std::string searched, made;
+  };
+  const Case cases[] = {
+      {Symbol_kind::family(),
+       " markers lines fills dot glyph arrow line road trail rail fill hatch scatter",
+       " dot glyph arrow markers line road rail trail lines fill hatch scatter fills"},
+      {Marker_layer_kind::family(), " dot glyph arrow stamp", " dot glyph arrow stamp markers"},
+      {Line_layer_kind::family(), " line road trail rail", " line road rail trail"},
+      {Fill_layer_kind::family(), " fill hatch scatter tile", " fill hatch scatter tile"},
+      {Color_kind::family(), " red gray ink", " red gray ink"},
+  };
+  for (const Case& c : cases) {
+    std::string searched, made;
+    for (const Guid& id : c.family.candidates()) {
+      for (const Class_row& row : class_table()) {
+        if (Class_id(row.class_id).guid == id) searched.append(" ").append(row.name);
+      }
+    }
+    for (const Class_row& row : class_table()) {
+      const auto object = c.family.create(Class_id(row.class_id).guid);
+      if (object && object->type_name() == row.type) made.append(" ").append(row.name);
+    }
+    EXPECT_EQ(searched, c.searched);
+    EXPECT_EQ(made, c.made);
+  }
+}
+
+// A slot passes over the picture, and does not look past its limit.
+TEST(Symbol_slot, search) {
+  const auto behind = static_cast<std::int64_t>(record("stamp", 1).size());
+  for (const std::int64_t limit : {std::int64_t{-1}, behind + 16, behind + 15}) {
+    Decoder decoder(packed(record("stamp", 1), record("line", 2)));
+    Tmxd_symbol_slot slot;
+    slot.read(decoder.stream, limit);
+    EXPECT_EQ(slot.get() != nullptr, limit != behind + 15);
+  }
+}
+
+template <class List>
+std::string layers_of(const List& list) {
+  std::string result;
+  for (const auto& layer : list) {
+    result += std::to_string(layer->enabled) + std::to_string(layer->locked) +
+              to_narrow(layer->tag) + " ";
+  }
+  return result;
+}
+
+template <class T, class List>
+void expect_layers(const char* name, List T::*list, int version, bool tagged) {
+  SCOPED_TRACE(testing::Message() << name << " " << version);
+  const Bytes whole = Bytes().object(T::clsid, 5, version, row_named(name).fields(5, 13));
+  Decoder decoder(whole);
+  T object;
+  ASSERT_TRUE(read_object(object, decoder.stream, -1, -1));
+  EXPECT_EQ(whole.size() - decoder.stream.tell(), tagged ? 0 : packed("under", "over").size());
+  EXPECT_EQ(layers_of(object.*list), tagged ? "01under 10over " : "01 10 ");
+}
+
+TEST(Symbol_lists, have_tags_from_a_version_on) {
+  for (const int version : {1, 2, 3}) {
+    expect_layers("markers", &Tmxd_multilayer_marker_symbol::marker_symbols, version, version >= 3);
+    expect_layers("lines", &Tmxd_multilayer_line_symbol::line_symbols, version, version >= 2);
+    expect_layers("fills", &Tmxd_multilayer_fill_symbol::fill_symbols, version, version >= 2);
+  }
+}
+
+TEST(Symbol_lists, keep_the_layers_before_a_failure) {
+  const Bytes two = packed(record("line", 1), record("rail", 2));
+  struct Case {
+    const char* what;
+    Bytes bytes;
+    bool ok;
+    const char* layers;
+  };
+  const Case cases[] = {
+      {"none", packed(0, two), true, ""},
+      {"negative", packed(-1, two), true, ""},
+      {"more than stand there", packed(0x7FFFFFFF, two), false, "10 10 "},
+      {"the second one fails", packed(2, record("line", 1), record("rail", 2, 12)), false, "10 "},
+      {"one of another kind", packed(2, record("line", 1), record("dash", 3)), false, "10 "},
+      {"cut in the first flags", packed(2, two, 0), false, "00 10 "},
+      {"cut in the second flags", packed(2, two, 0, 0, 1), false, "01 00 "},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Decoder decoder(c.bytes);
+    Tmxd_line_symbols list;
+    list.append(std::make_unique<Tmxd_simple_line_symbol>());
+    EXPECT_EQ(list.read(decoder.stream, -1), c.ok);
+    EXPECT_EQ(layers_of(list), c.layers);
+  }
+}
+
+}  // namespace
+}  // namespace mxd::test

@@ -1,0 +1,141 @@
+#include "symbology/class_table.h"
+
+namespace mxd::test {
+namespace {
+
+template <class T>
+bool read_as(T& object, int version, const Bytes& fields) {
+  Decoder decoder(Bytes().object(T::clsid, 5, version, fields));
+  return read_object(object, decoder.stream, -1, -1);
+}
+
+Bytes font(int version, int flags, const char* class_id = "0be35203-8f91-11ce-9de3-00aa004bb851") {
+  return packed(Bytes().guid(guid_from_text(class_id)), 1, byte(version), Bytes().u16(204),
+                byte(flags), Bytes().u16(700), 10000, byte(5), Bytes().raw("Serif"));
+}
+
+TEST(Char_marker, reads_what_its_version_has) {
+  const Bytes head = packed(65, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0);
+  const Bytes mark = packed(trailer(13), Bytes().u16(65535));
+  const Bytes other_mark = packed(trailer(13), Bytes().u16(65534));
+  const Bytes named = packed("Arial", 7.0, 8.0, byte(9), byte(10), run(4), run(6));
+  const Bytes other_class = font(1, 0, "0be35203-8f91-11ce-9de3-00aa004bb852");
+  struct Case {
+    int version;
+    Bytes fields;
+    bool ok;
+    std::string name, font;
+  };
+  const Case cases[] = {
+      {1, packed(head, mark), true, "", ""},
+      {2, packed(head, font(1, 0), mark), true, "Serif", "Serif"},
+      {3, packed(head, mark, named), true, "Arial", ""},
+      {4, packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
+      {5, packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
+      {1, packed(head, other_mark), false, "", ""},
+      {5, packed(head, other_mark, named, font(1, 0)), false, "", ""},
+      {2, packed(head, font(2, 0), mark), false, "", ""},
+      {4, packed(head, mark, named, other_class), false, "Arial", ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.version << " " << c.ok);
+    Tmxd_char_marker_symbol symbol, copy;
+    EXPECT_EQ(read_as(symbol, c.version, c.fields), c.ok);
+    copy.copy_from(symbol);
+    EXPECT_EQ(copy.unicode, 65);
+    EXPECT_EQ(copy.dbl2, 6);
+    EXPECT_EQ(to_narrow(copy.font_name), c.name);
+    EXPECT_EQ(copy.font.font_name, c.font);
+    EXPECT_EQ(copy.bytes2, c.name == "Arial" ? run(6).data() : Byte_run());
+    const Bytes whole = Bytes().object(symbol.clsid, 5, c.version, c.fields);
+    if (c.ok) expect_prefixes_fail<Tmxd_char_marker_symbol>(whole);
+  }
+}
+
+TEST(Font, flags_size_and_name) {
+  for (const bool styled : {false, true}) {
+    Decoder decoder(font(1, styled ? 0x0E : 0x01).prefix(styled ? 36 : 34));
+    Tmxd_font record;
+    // A name that is cut has its length all the same.
+    EXPECT_EQ(record.read(decoder.stream), styled);
+    EXPECT_EQ(record.font_name, styled ? "Serif" : std::string("Ser\0\0", 5));
+    EXPECT_EQ(record.italic(), styled);
+    EXPECT_EQ(record.underline(), styled);
+    EXPECT_EQ(record.strikethrough(), styled);
+    EXPECT_EQ(record.size_in_points(), 10.0);
+  }
+}
+
+TEST(Symbols, keep_what_stands_before_a_foreign_trailer) {
+  Tmxd_simple_marker_symbol dot;
+  EXPECT_FALSE(read_as(dot, 1, row_named("dot").fields(5, 12)));
+  EXPECT_TRUE(dot.color.get() && dot.simple_marker_style == -3 && dot.angle == 0);
+  Tmxd_simple_line_symbol line;
+  EXPECT_FALSE(read_as(line, 1, row_named("line").fields(5, 12)));
+  EXPECT_TRUE(line.color_slot.get() && line.line_type == -2);
+  Tmxd_line_fill_symbol hatch;
+  EXPECT_FALSE(read_as(hatch, 1, row_named("hatch").fields(5, 12)));
+  EXPECT_TRUE(hatch.outline.get() && hatch.separation == 6);
+  Tmxd_simple_fill_symbol fill;
+  EXPECT_FALSE(read_as(fill, 1, row_named("fill").fields(5, 12)));
+  EXPECT_TRUE(fill.color_slot.get() && fill.int1 == 0);
+}
+
+TEST(Hash_line, takes_its_bytes_behind_a_failed_slot) {
+  const Bytes head = packed(45.0, 1, 2, 3.0, byte(4), 5.0);
+  struct Case {
+    Bytes fields;
+    std::size_t taken;
+  };
+  for (const Case& c : {Case{packed(head, record("line", 6, 12), run(40)), 16},
+                        {packed(head, record("line", 6), Bytes().guid({{1}}), run(40)), 16},
+                        {head.prefix(27), 16},
+                        {head.prefix(24), 0}}) {
+    Tmxd_hash_line_symbol symbol;
+    EXPECT_FALSE(read_as(symbol, 1, c.fields));
+    EXPECT_EQ(symbol.bytes1.size(), c.taken);
+  }
+}
+
+TEST(Line_symbols, do_without_slots_templates_and_decorations) {
+  const Bytes absent = Bytes().null_object();
+  Tmxd_cartographic_line_symbol road;
+  ASSERT_TRUE(read_as(
+      road, 1, packed(1, 2, 3.0, byte(4), 5.0, absent, absent, trailer(13), byte(6), 7.0, 8.0)));
+  EXPECT_EQ(road.dbl2, 8);
+  EXPECT_NE(folded(dump_of(road)).find(" color = UNDEFINED mxd_line_template = {"),
+            std::string::npos);
+  EXPECT_NE(
+      folded(xml_of(road)).find("<mxd_line_decoration> <exists>false</exists> </mxd_line_deco"),
+      std::string::npos);
+  Tmxd_marker_line_symbol trail;
+  ASSERT_TRUE(read_as(trail, 1, packed(byte(1), 2.0, absent, run(16), trailer(13), run(25))));
+  EXPECT_EQ(trail.leading_byte, 1);
+  EXPECT_NE(dump_of(trail).find("\n  symbol = UNDEFINED\n"), std::string::npos);
+  EXPECT_NE(xml_of(trail).find("\n<pattern_marker>true</pattern_marker>\n"), std::string::npos);
+}
+
+TEST(Line_parts, claimed_counts) {
+  struct Case {
+    int count;
+    bool ok;
+    std::size_t kept;
+  };
+  for (const Case& c : {Case{0, true, 0}, {-1, true, 0}, {2, true, 2}, {0x7FFFFFFF, false, 2}}) {
+    SCOPED_TRACE(c.count);
+    Tmxd_line_template dash;
+    EXPECT_EQ(read_as(dash, 1, packed(2.0, c.count, 1.0, 2.0, 3.0, 4.0)), c.ok);
+    EXPECT_EQ(dash.items.size(), c.kept);
+    Tmxd_simple_line_decoration_element element;
+    EXPECT_EQ(read_as(element, 1, packed(run(5), c.count, 1.0, 2.0)), c.ok);
+    EXPECT_EQ(element.positions.size(), c.kept);
+    EXPECT_EQ(dump_of(element).find("\n  positions = \n") != std::string::npos, c.kept == 0);
+    Tmxd_line_decoration decor;
+    const Bytes two = packed(record("element", 6), record("element", 7));
+    EXPECT_EQ(read_as(decor, 1, packed(c.count, two, record("dash", 8))), c.ok);
+    EXPECT_EQ(decor.elements.size(), c.kept);
+  }
+}
+
+}  // namespace
+}  // namespace mxd::test
