@@ -1,0 +1,48 @@
+// A symbol for each range of one attribute field's numbers.
+#pragma once
+
+#include <vector>
+
+#include "rendering/legend.h"
+#include "rendering/renderer.h"
+
+namespace mxd {
+
+class Tmxd_ranges {
+ public:
+  bool read(Tmxd_mxd_stream& stream);
+  void describe(Field_writer& writer) const;
+
+  // A range counts only with both of its bounds.
+  std::int32_t size() const;
+  // 0.0 for a range that does not exist.
+  double min_bnd(std::int32_t index) const { return bound(min_bounds, index); }
+  double max_bnd(std::int32_t index) const { return bound(max_bounds, index); }
+
+  std::vector<double> min_bounds;
+  std::vector<double> max_bounds;
+
+ private:
+  double bound(const std::vector<double>& bounds, std::int32_t index) const;
+};
+
+class Tmxd_class_breaks_renderer final
+    : public Named_class<Tmxd_class_breaks_renderer, Tmxd_renderer> {
+ public:
+  static constexpr Class_id clsid{"AE5F7EA2-8B48-11D0-8356-080009B996CC"};
+  static constexpr std::string_view type = "mxd_class_breaks_renderer";
+
+  bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
+
+  Wide_string propname;
+  // Shown nowhere.
+  Wide_string wstr2;
+  Tmxd_ranges ranges;
+  Byte_run bytes1;
+  Tmxd_legend_group main_leg_grp;
+
+ protected:
+  void describe(Field_writer& writer) const override;
+};
+
+}  // namespace mxd

@@ -1,0 +1,80 @@
+#include "rendering/unique_value_renderer.h"
+
+#include "core/object_read.h"
+
+namespace mxd {
+namespace {
+
+bool read_unique_value(Tmxd_unique_value& value, Tmxd_mxd_stream& stream) {
+  if (!(stream.budget().spend(sizeof value) && read_wide_string(stream, value.wstr) &&
+        read_number(stream, value.int1) && read_number(stream, value.int2) &&
+        read_number(stream, value.int3))) {
+    return false;
+  }
+  if (value.int1 == -1 && value.int2 == -1) {
+    // One more string stands here; the value counts whether or not it can be read.
+    Wide_string ignored;
+    read_wide_string(stream, ignored);
+  }
+  return true;
+}
+
+void describe_unique_values(Field_writer& writer, const Tmxd_unique_values& values) {
+  writer.group(Key("Tmxd_unique_values", "unique_values"), [&] {
+    std::int32_t number = 0;
+    for (const auto& value : values) {
+      writer.group(xml_only("value_", ++number), [&] {
+        writer.text("wstr", value->wstr);
+        writer.integer("int1", value->int1);
+        writer.integer("int2", value->int2);
+        writer.integer("int3", value->int3);
+      });
+    }
+  });
+}
+
+}  // namespace
+
+bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream) {
+  values.clear();
+  std::int32_t count = 0;
+  if (!read_number(stream, count)) return false;
+  for (std::int32_t i = 0; i < count; ++i) {
+    auto value = std::make_unique<Tmxd_unique_value>();
+    if (!read_unique_value(*value, stream)) return false;
+    values.append(std::move(value));
+  }
+  return true;
+}
+
+bool Tmxd_unique_value_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
+  return read_number(stream, propname_count) &&
+         (propname_count < 1 || read_wide_string(stream, propname1)) &&
+         read_bytes(stream, 3, bytes1) &&
+         (propname_count < 2 || read_wide_string(stream, propname2)) &&
+         (propname_count < 3 || read_wide_string(stream, propname3)) &&
+         read_bytes(stream, 10, bytes2) && symbol_slot.read(stream, limit) &&
+         read_number(stream, int2) && read_object(other_leg_grp, stream, -1, limit) &&
+         (version < 4 || read_number(stream, ushort10)) &&
+         read_object_if_present(main_leg_grp, stream, limit) &&
+         (!main_leg_grp.exists || read_bytes(stream, version < 4 ? 16 : 18, bytes3)) &&
+         read_unique_values(unique_values, stream);
+}
+
+void Tmxd_unique_value_renderer::describe(Field_writer& writer) const {
+  writer.integer("propname_count", propname_count);
+  writer.text("propname1", propname1);
+  writer.text("propname2", propname2);
+  writer.text("propname3", propname3);
+  writer.bytes("bytes1", bytes1);
+  writer.bytes("bytes2", bytes2);
+  writer.slot("symbol_slot", symbol_slot);
+  writer.integer("int2", int2);
+  writer.object("other_leg_grp", other_leg_grp);
+  writer.integer("ushort10", ushort10);
+  writer.object("main_leg_grp", main_leg_grp);
+  writer.bytes("bytes3", bytes3);
+  describe_unique_values(writer, unique_values);
+}
+
+}  // namespace mxd

@@ -1,0 +1,47 @@
+// A symbol for each value that up to three attribute fields take together.
+#pragma once
+
+#include "core/object_list.h"
+#include "rendering/legend.h"
+#include "rendering/renderer.h"
+
+namespace mxd {
+
+// The symbol of a value stands in the legend; what the integers mean is not known.
+struct Tmxd_unique_value {
+  Wide_string wstr;
+  std::int32_t int1 = 0;
+  std::int32_t int2 = 0;
+  std::int32_t int3 = 0;
+};
+
+using Tmxd_unique_values = Object_list<Tmxd_unique_value>;
+
+// The first value that cannot be read ends the list.
+bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream);
+
+class Tmxd_unique_value_renderer final
+    : public Named_class<Tmxd_unique_value_renderer, Tmxd_renderer> {
+ public:
+  static constexpr Class_id clsid{"C3346D29-B2BC-11D1-8817-080009EC732A"};
+  static constexpr std::string_view type = "mxd_unique_value_renderer";
+
+  bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
+
+  std::int32_t propname_count = 0;
+  Wide_string propname1, propname2, propname3;
+  Byte_run bytes1, bytes2;
+  // Of the features that have none of the values, and their legend.
+  Tmxd_symbol_slot symbol_slot;
+  std::int32_t int2 = 0;
+  Tmxd_legend_group other_leg_grp;
+  std::uint16_t ushort10 = 0;
+  Tmxd_legend_group main_leg_grp;
+  Byte_run bytes3;
+  Tmxd_unique_values unique_values;
+
+ protected:
+  void describe(Field_writer& writer) const override;
+};
+
+}  // namespace mxd
