@@ -1,0 +1,10 @@
+// The class ids of everything that a load may search for.
+#pragma once
+
+#include "storage/class_id_search.h"
+
+namespace mxd {
+
+const Class_id_filter& known_class_ids();
+
+}  // namespace mxd

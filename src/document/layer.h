@@ -1,0 +1,95 @@
+// A map's layers: one flat list in the order of the stream, a group's members behind the group.
+#pragma once
+
+#include "core/object_list.h"
+#include "core/object_slot.h"
+#include "document/coordinate_system.h"
+#include "document/names.h"
+#include "rendering/renderer.h"
+
+namespace mxd {
+
+class Tmxd_layer : public Tmxd_obj {
+ public:
+  Wide_string layer_name;
+  Wide_string layer_type_name;
+  std::int16_t visible = 0;
+  Byte_run bytes1;
+  double min_scale = 0;
+  double max_scale = 0;
+};
+
+class Tmxd_group_layer final : public Named_class<Tmxd_group_layer, Tmxd_layer> {
+ public:
+  static constexpr Class_id clsid{"EDAD6647-1810-11D1-86AE-0000F8751720"};
+  static constexpr std::string_view type = "mxd_group_layer";
+
+  bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
+
+  // How many of the layers that follow in the map's list are its members.
+  std::int32_t layer_count = 0;
+  Byte_run bytes2;
+
+ protected:
+  void describe(Field_writer& writer) const override;
+};
+
+class Tmxd_feature_layer final : public Named_class<Tmxd_feature_layer, Tmxd_layer> {
+ public:
+  static constexpr Class_id clsid{"E663A651-8AAD-11D0-BEC7-00805F7C4268"};
+  static constexpr std::string_view type = "mxd_feature_layer";
+
+  bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
+
+  Tmxd_feature_class_name_slot feature_class_name;
+  Tmxd_workspace_name workspace_name;
+  Tmxd_renderer_slot renderer;
+  // Stands behind a simple renderer only; shown nowhere.
+  Byte_run simple_renderer_bytes;
+  Wide_string str1;
+  Tmxd_coordinate_system_slot coordinate_system;
+
+ protected:
+  void describe(Field_writer& writer) const override;
+
+ private:
+  bool read_drawing(Tmxd_mxd_stream& stream, std::int64_t limit);
+  bool read_behind_renderer(Tmxd_mxd_stream& stream, std::int64_t limit);
+};
+
+class Tmxd_raster_layer final : public Named_class<Tmxd_raster_layer, Tmxd_layer> {
+ public:
+  static constexpr Class_id clsid{"D02371C9-35F7-11D2-B1F2-00C04F8EDEFF"};
+  static constexpr std::string_view type = "mxd_raster_layer";
+
+  bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
+
+  std::uint16_t ushort1 = 0;
+  Tmxd_raster_dataset_name_slot raster_dataset_name;
+  Tmxd_workspace_name workspace_name;
+
+ protected:
+  void describe(Field_writer& writer) const override;
+};
+
+class Tmxd_fdo_graphics_layer final : public Named_class<Tmxd_fdo_graphics_layer, Tmxd_layer> {
+ public:
+  static constexpr Class_id clsid{"34B2EF83-F4AC-11D1-A245-080009B6F22B"};
+  static constexpr std::string_view type = "mxd_fdo_graphics_layer";
+
+  bool read_fields(Tmxd_mxd_stream& /*stream*/, std::int64_t /*limit*/) override { return true; }
+
+ protected:
+  void describe(Field_writer& /*writer*/) const override {}
+};
+
+const Object_family& layer_family();
+
+using Tmxd_layers = Object_list<Tmxd_layer>;
+
+// Reads a layer at every place where the id of one stands; those that fail are left out. False when
+// the search fails.
+bool read_layers(Tmxd_layers& layers, Tmxd_mxd_stream& stream, std::int64_t start,
+                 std::int64_t limit);
+
+}  // namespace mxd

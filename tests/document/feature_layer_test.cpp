@@ -1,0 +1,101 @@
+#include "document/layer.h"
+#include "rendering/property_page.h"
+#include "support/rendering_records.h"
+
+namespace mxd::test {
+namespace {
+
+Bytes layer_of(const Bytes& drawing) {
+  const Bytes feature_class =
+      Bytes().wide("wells").counting(6).wide("").wide("").i32(1).counting(6);
+  const Bytes fields =
+      Bytes()
+          .wide("Wells")
+          .wide("Feature Layer")
+          .u16(1)
+          .counting(4)
+          .object(Tmxd_feature_class_name::clsid, 50, 1, feature_class)
+          .object(Tmxd_workspace_name::clsid, 51, 1, Bytes().wide("C:/data"))
+          .add(drawing)
+          .object(Tmxd_geographic_coordinate_system::clsid, 52, 1, Bytes().narrow("GEOGCS[]"));
+  return Bytes().object(Tmxd_feature_layer::clsid, 49, 1, fields);
+}
+
+enum Read { nothing, block_only, all_scales };
+struct Case {
+  const char* what;
+  Bytes drawing;
+  std::string_view renderer;
+  Read read;
+  std::size_t errors = 0;
+};
+
+std::vector<Case> drawings() {
+  const Bytes class_breaks = class_breaks_renderer(60, Bytes().i32(0));
+  const Bytes scales = Bytes().wide("str1").f64(5000).f64(100);
+  const Bytes unique_page = Bytes().zeros(7).guid(Tmxd_unique_value_property_page::clsid.guid);
+  const Bytes color_page = Bytes().zeros(7).guid(Tmxd_graduated_color_property_page::clsid.guid);
+  return {
+      {"simple", simple_renderer(60).counting(156).add(scales), "mxd_simple_renderer", all_scales},
+      {"unique values",
+       unique_value_renderer(0, 3, Main::absent, Bytes().i32(0)).add(unique_page).add(scales),
+       "mxd_unique_value_renderer", all_scales},
+      {"class breaks", Bytes().add(class_breaks).add(color_page).add(scales),
+       "mxd_class_breaks_renderer", all_scales},
+      {"the page of the other kind", Bytes().add(class_breaks).add(unique_page).add(scales),
+       "mxd_class_breaks_renderer", all_scales},
+      {"no page", Bytes().add(class_breaks).add(scales), "mxd_class_breaks_renderer", all_scales},
+      {"repeated, of the kind that has a block",
+       Bytes().zeros(3).reference(Tmxd_simple_renderer::clsid, 50).counting(156).add(scales),
+       "mxd_simple_renderer", all_scales},
+      {"none", scales, "", nothing},
+      {"fails in its legend", simple_renderer(60).prefix(48).i32(-1).add(scales),
+       "mxd_simple_renderer", nothing, 2},
+      {"fails in itself", class_breaks.prefix(30).i32(-1).add(color_page).add(scales),
+       "mxd_class_breaks_renderer", nothing, 1},
+      {"misread string behind the block", simple_renderer(60).counting(156).i32(-1),
+       "mxd_simple_renderer", block_only},
+  };
+}
+
+TEST(Feature_layer, drawing) {
+  for (const Case& c : drawings()) {
+    SCOPED_TRACE(c.what);
+    Decoder decoder(layer_of(c.drawing));
+    Tmxd_feature_layer layer;
+    EXPECT_TRUE(read_object(layer, decoder.stream, -1, -1));
+    EXPECT_EQ(decoder.errors.lines.size(), c.errors);
+    EXPECT_EQ(layer.renderer.get() ? layer.renderer.get()->type_name() : "", c.renderer);
+    EXPECT_EQ(layer.str1, widen(c.read == all_scales ? "str1" : ""));
+    EXPECT_EQ(layer.min_scale, c.read == all_scales ? 5000 : 0);
+    EXPECT_EQ(layer.max_scale, c.read == all_scales ? 100 : 0);
+    const bool has_block = c.renderer == "mxd_simple_renderer" && c.read != nothing;
+    EXPECT_EQ(layer.simple_renderer_bytes, has_block ? Bytes().counting(156).data() : Byte_run());
+    ASSERT_TRUE(layer.coordinate_system.get());
+    EXPECT_STREQ(layer.coordinate_system.get()->get_wkt(), "GEOGCS[]");
+    if (c.renderer.empty()) {
+      EXPECT_NE(dump_of(layer).find("  renderer = UNDEFINED\n  str1 = \n"), std::string::npos);
+      EXPECT_NE(xml_of(layer).find("<renderer>true</renderer>\n<str1/>"), std::string::npos);
+    }
+  }
+}
+
+// Neither the search for the renderer nor that for its page leaves the layer's stretch.
+TEST(Feature_layer, drawing_stays_before_the_limit) {
+  const Bytes mine = layer_of(class_breaks_renderer(60, Bytes().i32(0)).wide("").f64(1).f64(2));
+  const auto limit = static_cast<std::int64_t>(mine.size());
+  Decoder decoder(Bytes().add(mine).guid(Tmxd_graduated_color_property_page::clsid.guid).zeros(99));
+  Tmxd_feature_layer layer;
+  EXPECT_TRUE(read_object(layer, decoder.stream, -1, limit));
+  EXPECT_LE(decoder.stream.tell(), mine.size());
+  EXPECT_TRUE(layer.coordinate_system.get());
+}
+
+// Wherever the record of a layer ends behind its workspace, the layer is worth keeping.
+TEST(Feature_layer, prefixes) {
+  const Bytes whole = layer_of(simple_renderer(60).counting(156).wide("s").f64(1).f64(2));
+  expect_prefixes_fail<Tmxd_feature_layer>(whole, layer_of(Bytes()).size() - (22 + 12));
+}
+
+}  // namespace
+}  // namespace mxd::test
