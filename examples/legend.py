@@ -1,0 +1,85 @@
+"""Prints the legend of a map document, through the library alone: legend.py LIBRARY FILE"""
+
+import ctypes
+import sys
+
+
+class Library:
+    """The functions by their names without the prefix; handles and texts are plain addresses."""
+
+    def __init__(self, path):
+        self.dll = ctypes.CDLL(path)
+
+    def __getattr__(self, name):
+        function = getattr(self.dll, "vq_mxd_" + name)
+        if name.endswith(("_load", "_get_repeat")):
+            function.restype = ctypes.c_int
+        elif name.endswith("_get_size"):
+            function.restype = ctypes.c_int64
+        else:
+            function.restype = ctypes.c_void_p
+        return lambda handle, *more: function(ctypes.c_void_p(handle), *more)
+
+    def create(self):
+        self.dll.vq_mxd_mxd_create.restype = ctypes.c_void_p
+        return self.dll.vq_mxd_mxd_create()
+
+    @staticmethod
+    def text(address):
+        """The UTF-16 text at the address, which ends at a unit of 0."""
+        units = b""
+        while (unit := ctypes.string_at(address + len(units), 2)) != b"\0\0":
+            units += unit
+        return units.decode("utf-16-le", "replace")
+
+    def items(self, kind, handle):
+        """What a list or legend group holds."""
+        size = getattr(self, kind + "_get_size")(handle)
+        return [getattr(self, kind + "_get")(handle, ctypes.c_int32(i)) for i in range(size)]
+
+
+def legend_groups(lib, renderer):
+    if simple := lib.renderer_cast_simple_renderer(renderer):
+        return [lib.simple_renderer_get_legend_group(simple)]
+    if unique := lib.renderer_cast_unique_value_renderer(renderer):
+        return [
+            lib.unique_value_renderer_get_main_leg_grp(unique),
+            lib.unique_value_renderer_get_other_leg_grp(unique),
+        ]
+    if breaks := lib.renderer_cast_class_breaks_renderer(renderer):
+        return [lib.class_breaks_renderer_get_main_leg_grp(breaks)]
+    return []
+
+
+def symbol_type(lib, symbol):
+    address = lib.obj_get_type_str(symbol) if symbol else None
+    return ctypes.string_at(address).decode("ascii") if address else "no symbol"
+
+
+def print_map(lib, handle):
+    print(" ", lib.text(lib.map_get_name(handle)))
+    for layer in lib.items("layers", lib.map_get_layers(handle)):
+        print("   ", lib.text(lib.layer_get_layer_name(layer)))
+        feature = lib.layer_cast_feature_layer(layer)
+        renderer = lib.feature_layer_get_renderer(feature) if feature else None
+        for group in legend_groups(lib, renderer):
+            for item in lib.items("legend_group", group):
+                label = lib.text(lib.legend_class_get_label(item))
+                print(f"      {label}: {symbol_type(lib, lib.legend_class_get_symbol(item))}")
+
+
+def main():
+    library, path = sys.argv[1:]
+    lib = Library(library)
+    document = lib.create()
+    if not lib.mxd_load(document, path.encode("utf-16-le") + b"\0\0"):
+        sys.exit(f"{path}: not readable as a map document")
+    print(path)
+    for handle in lib.items("maps", lib.mxd_get_maps(document)):
+        if not lib.obj_get_repeat(handle):
+            print_map(lib, handle)
+    lib.mxd_destroy(document)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,10 @@
+// The sample document: small, made up, and with something of every class that is read.
+#pragma once
+
+#include "storage/bytes.h"
+
+namespace mxd::test {
+
+Byte_run sample_document();
+
+}  // namespace mxd::test
