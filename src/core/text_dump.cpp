@@ -5,7 +5,9 @@
 namespace mxd {
 
 std::string dump_indent(int n) {
-  return std::string(static_cast<std::size_t>(n), ' ');
+  std::string blanks;
+  blanks.resize(static_cast<std::size_t>(n), ' ');
+  return blanks;
 }
 
 void dump_line_text(std::string& out, int indent, std::string_view key, std::string_view text) {

@@ -39,9 +39,9 @@ std::string_view kept(std::pmr::memory_resource& memory, std::string_view text) 
 std::string_view xml_escape(std::pmr::memory_resource& memory, std::string_view text) {
   constexpr const char* special = "<>&'\"";
   std::size_t end = text.find_first_of(special);
-  if (end == text.npos) return kept(memory, text);
+  if (end == std::string_view::npos) return kept(memory, text);
   std::string result;
-  while (end != text.npos) {
+  while (end != std::string_view::npos) {
     result.append(text.substr(0, end)).append(entity(text[end]));
     text.remove_prefix(end + 1);
     end = text.find_first_of(special);
@@ -73,7 +73,8 @@ class Xml_file_writer {
   }
 
   void flush() {
-    std::fwrite(buffer_.data(), 1, buffer_.size(), file_);
+    // A full disk is not reported.
+    static_cast<void>(std::fwrite(buffer_.data(), 1, buffer_.size(), file_));
     buffer_.clear();
   }
 
@@ -117,7 +118,7 @@ class Xml_file_writer {
 };
 
 struct Close_file {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 
 }  // namespace

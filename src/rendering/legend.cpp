@@ -1,5 +1,6 @@
 #include "rendering/legend.h"
 
+#include "core/counted_read.h"
 #include "core/list_read.h"
 
 namespace mxd {
@@ -17,19 +18,10 @@ void Tmxd_legend_class::describe(Field_writer& writer) const {
 
 bool Tmxd_legend_group::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   drop_all(legend_classes, stream);
-  return read_number(stream, int1) && read_wide_string(stream, label) &&
-         read_legend_classes(stream, limit);
-}
-
-bool Tmxd_legend_group::read_legend_classes(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  std::int32_t count = 0;
-  if (!read_number(stream, count)) return false;
-  for (std::int32_t i = 0; i < count; ++i) {
-    if (!read_into(legend_classes, std::make_unique<Tmxd_legend_class>(), stream, -1, limit)) {
-      return false;
-    }
-  }
-  return true;
+  return read_number(stream, int1) && read_wide_string(stream, label) && read_counted(stream, [&] {
+           return read_into(legend_classes, std::make_unique<Tmxd_legend_class>(), stream, -1,
+                            limit);
+         });
 }
 
 void Tmxd_legend_group::describe(Field_writer& writer) const {

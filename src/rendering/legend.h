@@ -34,9 +34,6 @@ class Tmxd_legend_group final : public Named_class<Tmxd_legend_group> {
 
  protected:
   void describe(Field_writer& writer) const override;
-
- private:
-  bool read_legend_classes(Tmxd_mxd_stream& stream, std::int64_t limit);
 };
 
 }  // namespace mxd

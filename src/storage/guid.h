@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -13,7 +12,8 @@ struct Guid {
   std::array<std::uint8_t, 16> bytes{};
 
   bool is_null() const { return *this == Guid{}; }
-  auto operator<=>(const Guid&) const = default;
+  bool operator==(const Guid&) const = default;
+  bool operator<(const Guid& other) const { return bytes < other.bytes; }
 };
 
 // The stream stores the first three groups little-endian: byte i of a stored GUID is byte

@@ -1,6 +1,7 @@
 #include "storage/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace mxd {
 
@@ -12,7 +13,8 @@ Wide_string widen(std::string_view ascii) {
 }
 
 Wide_view trim(Wide_view text) {
-  static constexpr Wide_char blanks[] = {' ', '\r', '\t', '\n', 0};
+  static constexpr std::array<Wide_char, 4> blank_units = {' ', '\r', '\t', '\n'};
+  static constexpr Wide_view blanks(blank_units.data(), blank_units.size());
   const auto first = text.find_first_not_of(blanks);
   if (first == Wide_view::npos) return {};
   return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
@@ -23,7 +25,7 @@ std::string_view until_nul(std::string_view text) {
 }
 
 std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator) {
-  static constexpr char digits[] = "0123456789ABCDEF";
+  static constexpr std::string_view digits = "0123456789ABCDEF";
   if (bytes.empty()) return {};
   std::string text(bytes.size() * 2 + (bytes.size() - 1) * separator.size(), '\0');
   auto out = text.begin();

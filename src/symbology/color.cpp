@@ -25,7 +25,7 @@ std::uint8_t display_value(double linear) {
 // Percentages above 100 wrap around.
 std::uint8_t ink_value(std::uint8_t ink, double light) {
   return static_cast<std::uint8_t>(
-      static_cast<std::int32_t>((100.0 - ink) / 100 * 255 * light + 0.5));
+      static_cast<std::int32_t>(std::trunc((100.0 - ink) / 100 * 255 * light + 0.5)));
 }
 
 }  // namespace

@@ -110,5 +110,19 @@ TEST(Symbol_copies, end_at_the_budget) {
   expect_end_at_the_budget<Tmxd_line_decoration>(chain_of_decorations());
 }
 
+TEST(Symbol_copies, pay_for_the_tag_that_the_layer_was_given) {
+  const Bytes tag = Bytes().wide(std::string(4000, 'x'));
+  const Bytes layers = packed(trailer(13), 1, record("line", 2), 1, 0, tag);
+  Decoder decoder(
+      Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, layers).add(reference("line", 2)));
+  Tmxd_multilayer_line_symbol lines;
+  ASSERT_TRUE(read_object(lines, decoder.stream, -1, -1));
+  const std::uint64_t before = decoder.stream.budget().used();
+  Tmxd_simple_line_symbol copy;
+  ASSERT_TRUE(read_object(copy, decoder.stream, -1, -1));
+  EXPECT_EQ(copy.tag.size(), 4000U);
+  EXPECT_GT(decoder.stream.budget().used() - before, 8000U);
+}
+
 }  // namespace
 }  // namespace mxd::test
