@@ -8,9 +8,10 @@
  * Lifetime. All handles and texts below a document stay valid until it is loaded again or
  * destroyed.
  *
- * Objects. Map, layer, symbol, color, renderer, name, coordinate system and legend handles are
- * objects: VQ_MXD_OBJ(handle) gives the vq_mxd_obj that the functions common to all objects take.
- * A cast function gives the handle of the concrete class, or null where the object is of another.
+ * Objects. Map, layer, symbol, color, renderer, name, coordinate system, line template and legend
+ * handles are objects: VQ_MXD_OBJ(handle) gives the vq_mxd_obj that the functions common to all
+ * objects take. A cast function gives the handle of the concrete class, or null where the object is
+ * of another.
  *
  * Null. An object getter gives null where the document held no such object. Lists and records are
  * members and never null. Null may be passed to vq_mxd_mxd_destroy and to the casts only.
@@ -146,13 +147,15 @@ VQ_MXD_API const vq_mxd_map* vq_mxd_maps_get(const vq_mxd_maps* maps, int32_t in
 
 /* ---- Any object ---- */
 
-/* 1, or 0 for a member object that the document did not hold. */
+/* 1, or 0 for a member object that the document did not hold. Of what a reference repeats, the
+   members always answer 1. */
 VQ_MXD_API int vq_mxd_obj_get_exists(const vq_mxd_obj* object);
 
 /* 1 when the document held only a reference to an object that it had stored before. */
 VQ_MXD_API int vq_mxd_obj_get_repeat(const vq_mxd_obj* object);
 
-/* The object's number in the document; equal numbers are the same stored object. */
+/* The object's number in the document; objects of equal numbers are one stored object. Whatever is
+   held by an object that only repeats another has the number 0. */
 VQ_MXD_API unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object);
 
 /* The name of the object's class, such as "mxd_simple_line_symbol". Valid until the next call for
@@ -585,7 +588,7 @@ VQ_MXD_API const vq_mxd_color* vq_mxd_simple_line_symbol_get_color(
 /* The width in points. */
 VQ_MXD_API double vq_mxd_simple_line_symbol_get_width(const vq_mxd_simple_line_symbol* symbol);
 
-/* The style: 0 solid, 1 dashed, 2 dotted, 3 dash-dot, 4 dash-dot-dot, 5 none. */
+/* The style: 0 solid, 1 dashed, 2 dotted, 3 dash-dot, 4 dash-dot-dot, 5 none, 6 inside. */
 VQ_MXD_API uint32_t
 vq_mxd_simple_line_symbol_get_simple_line_style(const vq_mxd_simple_line_symbol* symbol);
 

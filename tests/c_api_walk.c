@@ -71,6 +71,8 @@ static void check_simple_marker(const vq_mxd_symbol* symbol) {
   CHECK(marker != NULL);
   CHECK(vq_mxd_symbol_cast_char_marker(symbol) == NULL);
   CHECK(color_is(vq_mxd_simple_marker_symbol_get_color(marker), 245, 0, 0));
+  CHECK(vq_mxd_color_get_no_use_flag(vq_mxd_simple_marker_symbol_get_color(marker)) == 1);
+  CHECK(vq_mxd_color_get_dither_flag(vq_mxd_simple_marker_symbol_get_color(marker)) == 0);
   CHECK(vq_mxd_simple_marker_symbol_get_simple_marker_style(marker) == 4);
   CHECK(vq_mxd_simple_marker_symbol_get_size(marker) == 8);
   CHECK(vq_mxd_simple_marker_symbol_get_angle(marker) == 45);
@@ -88,7 +90,7 @@ static void check_font(const vq_mxd_font* font) {
   CHECK(vq_mxd_font_get_charset(font) == 204);
   CHECK(vq_mxd_font_get_italic(font) == 1);
   CHECK(vq_mxd_font_get_underline(font) == 0);
-  CHECK(vq_mxd_font_get_strikethrough(font) == 0);
+  CHECK(vq_mxd_font_get_strikethrough(font) == 1);
 }
 
 static void check_char_marker(const vq_mxd_symbol* symbol) {
@@ -140,13 +142,13 @@ static void check_cartographic_line(const vq_mxd_symbol* symbol) {
   /* Of a cmyk color the result is the blue value. */
   CHECK(vq_mxd_color_get_rgb(color, &r, &g, &b) == 0);
   CHECK(vq_mxd_color_get_dither_flag(color) == 1);
-  CHECK(vq_mxd_color_get_no_use_flag(color) == 1);
+  CHECK(vq_mxd_color_get_no_use_flag(color) == 0);
   CHECK(vq_mxd_cartographic_line_symbol_get_width(line) == 1.25);
   CHECK(vq_mxd_cartographic_line_symbol_get_offset(line) == -3);
   check_line_template(vq_mxd_cartographic_line_symbol_get_line_template(line));
 }
 
-static void check_multilayer_line(const vq_mxd_symbol* symbol) {
+static void check_multilayer_line(const vq_mxd_symbol* symbol, int copied) {
   const vq_mxd_multilayer_line_symbol* multilayer = vq_mxd_symbol_cast_multilayer_line(symbol);
   const vq_mxd_line_symbols* layers = vq_mxd_multilayer_line_symbol_get_line_symbols(multilayer);
   const vq_mxd_symbol* first = vq_mxd_line_symbols_get(layers, 0);
@@ -155,6 +157,7 @@ static void check_multilayer_line(const vq_mxd_symbol* symbol) {
       vq_mxd_symbol_cast_hash_line(vq_mxd_line_symbols_get(layers, 2));
   const vq_mxd_marker_line_symbol* marker =
       vq_mxd_symbol_cast_marker_line(vq_mxd_line_symbols_get(layers, 3));
+  const vq_mxd_line_template* nothing;
   CHECK(vq_mxd_line_symbols_get_size(layers) == 4);
   CHECK(vq_mxd_line_symbols_get(layers, 4) == NULL);
   CHECK(vq_mxd_symbol_cast_cartographic_line(first) == NULL);
@@ -162,7 +165,7 @@ static void check_multilayer_line(const vq_mxd_symbol* symbol) {
   CHECK(vq_mxd_simple_line_symbol_get_simple_line_style(simple) == 1);
   CHECK(color_is(vq_mxd_simple_line_symbol_get_color(simple), 126, 126, 126));
   check_cartographic_line(vq_mxd_line_symbols_get(layers, 1));
-  CHECK(vq_mxd_hash_line_symbol_get_color(hash) != NULL);
+  CHECK(color_is(vq_mxd_hash_line_symbol_get_color(hash), 55, 55, 55));
   CHECK(vq_mxd_hash_line_symbol_get_width(hash) == 5);
   CHECK(vq_mxd_hash_line_symbol_get_angle(hash) == 60);
   CHECK(vq_mxd_hash_line_symbol_get_offset(hash) == 0.75);
@@ -170,7 +173,9 @@ static void check_multilayer_line(const vq_mxd_symbol* symbol) {
   check_line_template(vq_mxd_hash_line_symbol_get_line_template(hash));
   CHECK(vq_mxd_marker_line_symbol_get_offset(marker) == 2.5);
   check_simple_marker(vq_mxd_marker_line_symbol_get_pattern_marker(marker));
-  check_line_template(vq_mxd_marker_line_symbol_get_line_template(marker));
+  nothing = vq_mxd_marker_line_symbol_get_line_template(marker);
+  CHECK(vq_mxd_obj_get_exists(VQ_MXD_OBJ(nothing)) == copied);
+  CHECK(vq_mxd_line_template_get_size(nothing) == 0);
 }
 
 static void check_multilayer_fill(const vq_mxd_symbol* symbol) {
@@ -214,19 +219,23 @@ static void check_simple_renderer(const vq_mxd_renderer* base) {
   const vq_mxd_symbol* symbol = vq_mxd_simple_renderer_get_symbol(renderer);
   const vq_mxd_symbol* again = legend_symbol(legend, 0, "River");
   CHECK(vq_mxd_renderer_cast_unique_value_renderer(base) == NULL);
-  check_multilayer_line(symbol);
+  check_multilayer_line(symbol, 0);
   /* The legend only refers to the symbol, and so holds a copy of it. */
   CHECK(vq_mxd_obj_get_repeat(VQ_MXD_OBJ(again)) == 1);
   CHECK(vq_mxd_obj_get_number(VQ_MXD_OBJ(again)) == vq_mxd_obj_get_number(VQ_MXD_OBJ(symbol)));
-  check_multilayer_line(again);
+  check_multilayer_line(again, 1);
 }
 
 static void check_unique_values(const vq_mxd_unique_values* values) {
+  const vq_mxd_unique_value* capital = vq_mxd_unique_values_get(values, 0);
   const vq_mxd_unique_value* town = vq_mxd_unique_values_get(values, 1);
   CHECK(vq_mxd_unique_values_get_size(values) == 2);
   CHECK(vq_mxd_unique_values_get(values, -1) == NULL);
   CHECK(vq_mxd_unique_values_get(values, 2) == NULL);
-  CHECK(text_is(vq_mxd_unique_value_get_str(town), "town,no"));
+  CHECK(vq_mxd_unique_value_get_int1(capital) == 10);
+  CHECK(vq_mxd_unique_value_get_int2(capital) == 11);
+  CHECK(vq_mxd_unique_value_get_int3(capital) == 12);
+  CHECK(text_is(vq_mxd_unique_value_get_str(town), "town,no,5"));
   CHECK(vq_mxd_unique_value_get_int1(town) == 0xFFFFFFFF);
   CHECK(vq_mxd_unique_value_get_int2(town) == 0xFFFFFFFF);
   CHECK(vq_mxd_unique_value_get_int3(town) == 2);
@@ -236,10 +245,10 @@ static void check_unique_value_renderer(const vq_mxd_renderer* base) {
   const vq_mxd_unique_value_renderer* renderer = vq_mxd_renderer_cast_unique_value_renderer(base);
   const vq_mxd_legend_group* legend = vq_mxd_unique_value_renderer_get_main_leg_grp(renderer);
   CHECK(vq_mxd_renderer_cast_class_breaks_renderer(base) == NULL);
-  CHECK(vq_mxd_unique_value_renderer_get_propname_count(renderer) == 2);
+  CHECK(vq_mxd_unique_value_renderer_get_propname_count(renderer) == 3);
   CHECK(text_is(vq_mxd_unique_value_renderer_get_propname1(renderer), "KIND"));
   CHECK(text_is(vq_mxd_unique_value_renderer_get_propname2(renderer), "PORT"));
-  CHECK(text_is(vq_mxd_unique_value_renderer_get_propname3(renderer), ""));
+  CHECK(text_is(vq_mxd_unique_value_renderer_get_propname3(renderer), "SIZE"));
   check_simple_marker(vq_mxd_unique_value_renderer_get_symbol(renderer));
   check_simple_marker(
       legend_symbol(vq_mxd_unique_value_renderer_get_other_leg_grp(renderer), 0, "other places"));
@@ -328,6 +337,15 @@ static void check_maps(const vq_mxd_maps* maps) {
         vq_mxd_obj_get_number(VQ_MXD_OBJ(map)));
 }
 
+static int is_xml_file(const char* path) {
+  char start[6] = "";
+  FILE* file = fopen(path, "rb");
+  if (file == NULL) return 0;
+  if (fread(start, 1, 5, file) != 5) start[0] = 0;
+  fclose(file);
+  return strcmp(start, "<?xml") == 0;
+}
+
 int main(int argc, char** argv) {
   static const vq_mxd_char nowhere[] = {'n', 'o', '/', 's', 'u', 'c', 'h', 0};
   vq_mxd_char path[4096];
@@ -342,7 +360,9 @@ int main(int argc, char** argv) {
   check_maps(vq_mxd_mxd_get_maps(document));
   CHECK(vq_mxd_mxd_save_xml(document, nowhere) == 0);
   widen(argv[2], path, sizeof path / sizeof *path);
+  remove(argv[2]);
   CHECK(vq_mxd_mxd_save_xml(document, path) == 1);
+  CHECK(is_xml_file(argv[2]));
   vq_mxd_mxd_destroy(document);
   printf("%d failed\n", failures);
   return failures == 0 ? 0 : 1;

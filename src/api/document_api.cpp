@@ -13,16 +13,6 @@ const Tmxd_mxd& document(const vq_mxd_mxd* handle) {
   return *reinterpret_cast<const Tmxd_mxd*>(handle);
 }
 
-// Nothing is thrown to a host: what runs out of memory fails.
-template <class Action>
-int succeeds(Action action) noexcept {
-  try {
-    return action() ? 1 : 0;
-  } catch (...) {
-    return 0;
-  }
-}
-
 }  // namespace
 
 extern "C" {
@@ -40,14 +30,22 @@ void vq_mxd_mxd_destroy(vq_mxd_mxd* document_handle) {
 }
 
 int vq_mxd_mxd_load(vq_mxd_mxd* document_handle, const vq_mxd_char* path) {
-  return succeeds([&] {
+  // Nothing is thrown to a host: what runs out of memory fails.
+  try {
     File_error_sink errors(stdout);
-    return document(document_handle).load(path, errors);
-  });
+    return document(document_handle).load(path, errors) ? 1 : 0;
+  } catch (...) {
+    document(document_handle).clear();
+    return 0;
+  }
 }
 
 int vq_mxd_mxd_save_xml(const vq_mxd_mxd* document_handle, const vq_mxd_char* path) {
-  return succeeds([&] { return document(document_handle).save_xml(path); });
+  try {
+    return document(document_handle).save_xml(path) ? 1 : 0;
+  } catch (...) {
+    return 0;
+  }
 }
 
 const vq_mxd_maps* vq_mxd_mxd_get_maps(const vq_mxd_mxd* document_handle) {

@@ -9,7 +9,6 @@ enum class Back_reference { copies, stays_empty };
 // copy is no measure of either.
 bool copy_registered(Tmxd_obj& object, Tmxd_mxd_stream& stream, const Registered_object& source,
                      Nested_read& nesting) {
-  if (!object.can_copy(*source.object)) return true;
   if (!stream.budget().spend(source.cost)) return false;
   object.copy_from(*source.object);
   nesting.count_levels(source.levels);
@@ -27,6 +26,7 @@ bool read_behind_class_id(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_
   if (source) {
     object.repeat = 1;
     if (back_reference == Back_reference::stays_empty) return true;
+    if (!object.can_copy(*source->object)) return true;
     if (!nesting.has_room_for(source->levels)) return false;
     ok = copy_registered(object, stream, *source, nesting);
   } else if (ok) {

@@ -1,4 +1,4 @@
-// The three ways in which a persisted object is read into an instance of its class.
+// The ways in which a persisted object is read into an instance of its class.
 #pragma once
 
 #include <cstdint>

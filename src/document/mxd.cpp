@@ -5,10 +5,14 @@
 
 namespace mxd {
 
-bool Tmxd_mxd::load(const Wide_string& path, Error_sink& errors) {
+void Tmxd_mxd::clear() {
   filename.clear();
   int1 = 0;
   maps.clear();
+}
+
+bool Tmxd_mxd::load(const Wide_string& path, Error_sink& errors) {
+  clear();
   Tmxd_stream_m bytes;
   if (read_named_stream(path, widen("Maps"), bytes) == 0) return false;
   Tmxd_mxd_stream stream(bytes, known_class_ids(), errors);

@@ -17,6 +17,9 @@ class Tmxd_mxd {
   bool load(const Wide_string& path, Error_sink& errors);
   bool save_xml(const Wide_string& path) const;
 
+  // As after construction.
+  void clear();
+
   // The text dumps of the maps, in order.
   std::string dump(int indent, int step) const;
 

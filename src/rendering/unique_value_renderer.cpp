@@ -1,5 +1,6 @@
 #include "rendering/unique_value_renderer.h"
 
+#include "core/counted_read.h"
 #include "core/object_read.h"
 
 namespace mxd {
@@ -37,14 +38,12 @@ void describe_unique_values(Field_writer& writer, const Tmxd_unique_values& valu
 
 bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream) {
   values.clear();
-  std::int32_t count = 0;
-  if (!read_number(stream, count)) return false;
-  for (std::int32_t i = 0; i < count; ++i) {
+  return read_counted(stream, [&] {
     auto value = std::make_unique<Tmxd_unique_value>();
     if (!read_unique_value(*value, stream)) return false;
     values.append(std::move(value));
-  }
-  return true;
+    return true;
+  });
 }
 
 bool Tmxd_unique_value_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {

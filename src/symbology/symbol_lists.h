@@ -19,7 +19,9 @@ class Tmxd_symbol_list final : public Cloned_list<Kind> {
 
   bool read_tags(Tmxd_mxd_stream& stream) {
     for (const auto& symbol : *this) {
-      if (!read_wide_string(stream, symbol->tag)) return false;
+      Wide_string tag;
+      if (!read_wide_string(stream, tag)) return false;
+      symbol->tag = std::move(tag);
       // The layer is registered by now, and a copy of it has the tag, too.
       stream.object_grew(*symbol, symbol->tag.size() * sizeof(Wide_char));
     }

@@ -123,7 +123,6 @@ TEST(Object_read, an_object_of_another_class_under_the_number_is_not_copied) {
 }
 
 TEST(Object_read, the_first_object_registered_under_a_number_keeps_it) {
-  // The second object of number 5 is a back-reference, and so registers nothing.
   Object_registry registry;
   Tmxd_workspace_name first, second;
   registry.add(5, {&first, 1, 1});

@@ -116,16 +116,16 @@ class Sample {
   Bytes towns() {
     const Bytes values = Bytes()
                              .i32(2)
-                             .wide("capital,yes")
-                             .i32(0)
-                             .i32(0)
-                             .i32(1)
-                             .wide("town,no")
+                             .wide("capital,yes,9")
+                             .i32(10)
+                             .i32(11)
+                             .i32(12)
+                             .wide("town,no,5")
                              .i32(-1)
                              .i32(-1)
                              .i32(2)
                              .wide("passed over");
-    Bytes fields = Bytes().i32(2).wide("KIND").counting(3).wide("PORT").counting(10);
+    Bytes fields = Bytes().i32(3).wide("KIND").counting(3).wide("PORT").wide("SIZE").counting(10);
     fields.add(symbols_.simple_marker()).i32(-1);
     fields.add(legend_group("Other", {legend_class("other places", symbols_.simple_marker())}));
     fields.u16(1).add(

@@ -10,17 +10,17 @@ namespace {
 constexpr Class_id standard_font_id{"0be35203-8f91-11ce-9de3-00aa004bb851"};
 
 Bytes lab_fields(double lightness, double a, double b) {
-  return Bytes().counting(3).f64s({lightness, a, b}).u8(0).u8(0);
+  return Bytes().counting(3).f64s({lightness, a, b});
 }
 
-Bytes bold_italic_font() {
-  constexpr int italic = 2;
+Bytes font() {
+  constexpr int italic_and_struck_out = 2 | 8;
   return Bytes()
       .guid(standard_font_id.guid)
       .i32(1)
       .u8(1)
       .u16(204)
-      .u8(italic)
+      .u8(italic_and_struck_out)
       .u16(700)
       .i32(12500)
       .u8(5)
@@ -45,16 +45,16 @@ Bytes tags(std::initializer_list<const char*> texts) {
 }  // namespace
 
 Bytes Sample_symbols::rgb_color(double lightness) {
-  return numbers_.object<Tmxd_rgb_color>(3, lab_fields(lightness, 0, 0));
+  return numbers_.object<Tmxd_rgb_color>(3, lab_fields(lightness, 0, 0).u8(0).u8(0));
 }
 
 Bytes Sample_symbols::hsv_color() {
-  return numbers_.object<Tmxd_hsv_color>(3, lab_fields(53.24, 80.09, 67.20));
+  return numbers_.object<Tmxd_hsv_color>(3, lab_fields(53.24, 80.09, 67.20).u8(0).u8(255));
 }
 
 Bytes Sample_symbols::cmyk_color() {
   return numbers_.object<Tmxd_cmyk_color>(
-      3, Bytes().counting(2).u8(0).u8(50).u8(100).u8(0).u8(1).u8(255));
+      3, Bytes().counting(2).u8(0).u8(50).u8(100).u8(0).u8(1).u8(0));
 }
 
 Bytes Sample_symbols::simple_marker() {
@@ -82,7 +82,7 @@ Bytes Sample_symbols::char_marker() {
                            .f64s({0, 0})
                            .counting(2)
                            .counting(10)
-                           .add(bold_italic_font());
+                           .add(font());
   return numbers_.object<Tmxd_char_marker_symbol>(5, fields);
 }
 
@@ -163,14 +163,8 @@ Bytes Sample_symbols::hash_line() {
 }
 
 Bytes Sample_symbols::marker_line() {
-  const Bytes fields = Bytes()
-                           .u8(0)
-                           .f64(2.5)
-                           .add(simple_marker())
-                           .add(line_template())
-                           .counting(16)
-                           .trailer()
-                           .counting(25);
+  const Bytes fields =
+      Bytes().u8(0).f64(2.5).add(simple_marker()).null_object().counting(16).trailer().counting(25);
   return numbers_.object<Tmxd_marker_line_symbol>(2, fields);
 }
 

@@ -1,4 +1,5 @@
 #include "symbology/class_table.h"
+#include "symbology/line_symbols.h"
 
 namespace mxd::test {
 namespace {
@@ -99,6 +100,19 @@ TEST(Symbol_lists, keep_the_layers_before_a_failure) {
     EXPECT_EQ(list.read(decoder.stream, -1), c.ok);
     EXPECT_EQ(layers_of(list), c.layers);
   }
+}
+
+// A tag that breaks off is none: the layer keeps the one it had.
+TEST(Layer_flags, a_cut_tag_is_left_out) {
+  const Bytes layer =
+      Bytes().object(Tmxd_simple_line_symbol::clsid, 2, 1, Bytes().f64(1).i32(0).trailer());
+  Bytes fields = Bytes().trailer().i32(1).add(layer).i32(1).i32(0);
+  fields.i32(8).u16('A').u16('B');
+  Decoder decoder(Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, fields));
+  Tmxd_multilayer_line_symbol symbol;
+  EXPECT_FALSE(read_object(symbol, decoder.stream, 0, -1));
+  ASSERT_EQ(1U, symbol.line_symbols.size());
+  EXPECT_TRUE(symbol.line_symbols[0].tag.empty());
 }
 
 }  // namespace
