@@ -5,12 +5,14 @@ import subprocess
 import sys
 import tempfile
 
-mxdinfo, sample = sys.argv[1:]
+*mxdinfo, sample = sys.argv[1:]
+# Windows has no names that are no text, but many that its 8-bit code page has no place for.
+odd_bytes = "\u0436 \u5730.mxd".encode() if mxdinfo[-1].endswith(".exe") else b"\xff \xd0\xb6.mxd"
 failures = []
 
 
 def run(*arguments):
-    result = subprocess.run([mxdinfo, *arguments], capture_output=True, check=False)
+    result = subprocess.run([*mxdinfo, *arguments], capture_output=True, check=False)
     return result.returncode, result.stdout, result.stderr
 
 
@@ -23,7 +25,7 @@ with tempfile.TemporaryDirectory() as folder:
     no_document = os.path.join(folder, "no document.mxd")
     with open(no_document, "wb") as file:
         file.write(b"x" * 5000)
-    odd_name = os.path.join(os.fsencode(folder), b"\xff \xd0\xb6.mxd")
+    odd_name = os.path.join(os.fsencode(folder), odd_bytes)
     with open(odd_name, "wb") as copy, open(sample, "rb") as original:
         copy.write(original.read())
     xml = os.path.join(folder, "out.xml")
@@ -38,7 +40,7 @@ with tempfile.TemporaryDirectory() as folder:
     expect(b"no document.mxd" in err, "the bad one is named on standard error")
 
     code, out, err = run("--dump", sample)
-    expect(code == 0 and out.startswith(b"mxd_map = {\n  number = "), "the dump")
+    expect(code == 0 and out.split()[:5] == b"mxd_map = { number =".split(), "the dump")
 
     code, out, err = run("--xml", xml, sample)
     expect(code == 0 and out == b"", "the XML goes to its file alone")
@@ -46,7 +48,7 @@ with tempfile.TemporaryDirectory() as folder:
         expect(file.read().startswith(b'<?xml version = "1.0"'), "the XML file")
     expect(run("--xml", os.path.join(folder, "none", "x"), sample)[0] == 1, "no place for XML")
 
-    expect(run(odd_name)[0] == 0, "a name that is no text")
+    expect(run(odd_name)[0] == 0, "a name that few programs can read")
     for usage in ([], ["--dump"], ["--dump", sample, sample], ["--no-such", sample]):
         expect(run(*usage)[0] == 2, f"usage {usage}")
     expect(run("--help")[0] == 0 and run("--version")[0] == 0, "help and version")

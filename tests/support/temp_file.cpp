@@ -49,8 +49,8 @@ Byte_run Temp_file::contents() const {
 }
 
 std::string Temp_file::text() const {
-  const Byte_run bytes = contents();
-  return {bytes.begin(), bytes.end()};
+  std::ifstream in(file_);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 }  // namespace mxd::test

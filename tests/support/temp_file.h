@@ -24,7 +24,7 @@ class Temp_file {
   Wide_string beside(std::u16string_view name) const;
   Wide_string folder() const;
   Byte_run contents() const;
-  // The contents as text.
+  // The contents as text: lines end in "\n" whatever they end in on disk.
   std::string text() const;
 
  private:

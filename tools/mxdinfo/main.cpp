@@ -1,5 +1,6 @@
 // Shows what is in map documents.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -52,8 +53,12 @@ int main(int argc, char** argv) {
                   ->type_name("OUT")
                   ->excludes(dump);
   app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
+  // A slash begins a path on every system.
+  app.allow_windows_style_options(false);
   try {
-    app.parse(argc, argv);
+    std::vector<std::string> arguments = mxd::command_line(argc, argv);
+    std::reverse(arguments.begin(), arguments.end());
+    app.parse(std::move(arguments));
     if ((*dump || *xml) && options.files.size() != 1) {
       throw CLI::ValidationError("FILE", "--dump and --xml take one file");
     }
