@@ -1,6 +1,5 @@
 #include "core/xml.h"
 
-#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -147,13 +146,17 @@ void xml_add_attribute(Tmxd_xml_node& node, Xml_name name, std::string_view text
   append(*node.memory, node.attributes, name, xml_escape(*node.memory, text));
 }
 
-bool xml_save_file(const Wide_string& path, const Tmxd_xml_node& root) {
-  const std::unique_ptr<std::FILE, Close_file> file(open_text_output(path));
-  if (!file) return false;
-  Xml_file_writer writer(file.get());
+void xml_write(std::FILE* file, const Tmxd_xml_node& root) {
+  Xml_file_writer writer(file);
   writer.write("<?xml version = \"1.0\" encoding = \"windows-1251\"?>\n");
   writer.xml_write_element(root);
   writer.flush();
+}
+
+bool xml_save_file(const Wide_string& path, const Tmxd_xml_node& root) {
+  const std::unique_ptr<std::FILE, Close_file> file(open_text_output(path));
+  if (!file) return false;
+  xml_write(file.get(), root);
   return true;
 }
 

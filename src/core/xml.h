@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <memory_resource>
 #include <string_view>
 
@@ -55,6 +56,9 @@ void xml_add_double(Tmxd_xml_node& parent, Xml_name name, double value);
 void xml_add_bool(Tmxd_xml_node& parent, Xml_name name, bool value);
 
 void xml_add_attribute(Tmxd_xml_node& node, Xml_name name, std::string_view text);
+
+// The whole document. Whether all of it arrived, the file tells.
+void xml_write(std::FILE* file, const Tmxd_xml_node& root);
 
 // False when the file cannot be opened; what happens to the writing after that is not reported.
 bool xml_save_file(const Wide_string& path, const Tmxd_xml_node& root);

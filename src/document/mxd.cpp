@@ -4,6 +4,21 @@
 #include "storage/compound_file.h"
 
 namespace mxd {
+namespace {
+
+const Wide_string& stream_name() {
+  static const Wide_string name = widen("Maps");
+  return name;
+}
+
+void build_xml(const Tmxd_mxd& document, Tmxd_xml_node& root) {
+  Xml_writer writer(root);
+  writer.text("filename", document.filename);
+  writer.integer("int1", static_cast<std::int32_t>(document.int1));
+  writer.list("maps", "map_", document.maps);
+}
+
+}  // namespace
 
 void Tmxd_mxd::clear() {
   filename.clear();
@@ -14,7 +29,16 @@ void Tmxd_mxd::clear() {
 bool Tmxd_mxd::load(const Wide_string& path, Error_sink& errors) {
   clear();
   Tmxd_stream_m bytes;
-  if (read_named_stream(path, widen("Maps"), bytes) == 0) return false;
+  return read_named_stream(path, stream_name(), bytes) != 0 && read(bytes, path, errors);
+}
+
+bool Tmxd_mxd::load(Tmxd_stream& file, const Wide_string& path, Error_sink& errors) {
+  clear();
+  Tmxd_stream_m bytes;
+  return read_named_stream(file, stream_name(), bytes) != 0 && read(bytes, path, errors);
+}
+
+bool Tmxd_mxd::read(Tmxd_stream_m& bytes, const Wide_string& path, Error_sink& errors) {
   Tmxd_mxd_stream stream(bytes, known_class_ids(), errors);
   if (!stream.seek(0) || !read_number(stream, int1) || !read_maps(maps, stream)) return false;
   filename = path;
@@ -23,12 +47,14 @@ bool Tmxd_mxd::load(const Wide_string& path, Error_sink& errors) {
 
 bool Tmxd_mxd::save_xml(const Wide_string& path) const {
   Xml_tree tree{Xml_name(type)};
-  Tmxd_xml_node& root = tree.root();
-  Xml_writer writer(root);
-  writer.text("filename", filename);
-  writer.integer("int1", static_cast<std::int32_t>(int1));
-  writer.list("maps", "map_", maps);
-  return xml_save_file(path, root);
+  build_xml(*this, tree.root());
+  return xml_save_file(path, tree.root());
+}
+
+void Tmxd_mxd::write_xml(std::FILE* file) const {
+  Xml_tree tree{Xml_name(type)};
+  build_xml(*this, tree.root());
+  xml_write(file, tree.root());
 }
 
 std::string Tmxd_mxd::dump(int indent, int step) const {

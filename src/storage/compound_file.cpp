@@ -123,7 +123,7 @@ struct Directory_entry {
 // The reader's state for one call.
 class Tmxd_compound_file {
  public:
-  explicit Tmxd_compound_file(Tmxd_stream_f& stream) : file_(stream, reachable_size) {}
+  explicit Tmxd_compound_file(Tmxd_stream& stream) : file_(stream, reachable_size) {}
 
   bool read_header_and_tables() { return read_header() && read_fat() && read_directory(); }
   std::optional<Directory_entry> find(Wide_view name) const;
@@ -298,9 +298,12 @@ bool Tmxd_compound_file::copy(const Directory_entry& entry, Tmxd_stream_m& out) 
 
 }  // namespace
 
-int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out) try {
+int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out) {
   Tmxd_stream_f stream;
-  if (!stream.open(path, widen("rb"))) return 0;
+  return stream.open(path, widen("rb")) ? read_named_stream(stream, name, out) : 0;
+}
+
+int read_named_stream(Tmxd_stream& stream, Wide_view name, Tmxd_stream_m& out) try {
   Tmxd_compound_file file(stream);
   if (!file.read_header_and_tables()) return 0;
   const auto entry = file.find(name);

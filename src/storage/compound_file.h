@@ -12,4 +12,7 @@ namespace mxd {
 // Time and memory grow with the file's size, never with what its tables claim.
 int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out);
 
+// The same for a file that is open, or in memory.
+int read_named_stream(Tmxd_stream& stream, Wide_view name, Tmxd_stream_m& out);
+
 }  // namespace mxd

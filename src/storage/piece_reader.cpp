@@ -4,7 +4,7 @@
 
 namespace mxd {
 
-Piece_reader::Piece_reader(Tmxd_stream_f& stream, std::uint64_t reachable)
+Piece_reader::Piece_reader(Tmxd_stream& stream, std::uint64_t reachable)
     : stream_(stream), file_size_(std::min(stream.get_size(), reachable)) {}
 
 bool Piece_reader::in_file(std::int64_t offset, std::size_t length) const {
@@ -37,7 +37,7 @@ std::size_t Piece_reader::read_run(std::int64_t offset, std::size_t piece,
   const auto start = static_cast<std::uint64_t>(offset);
   const std::size_t count = to.size() / piece;
   if (!stream_.seek(start) || !stream_.read(to.data(), piece, count)) return 0;
-  if (!stream_.failed()) return count;
+  // A file's read is true for a part, too.
   const std::uint64_t end = std::max(stream_.tell(), start);
   return std::min(static_cast<std::size_t>((end - start) / piece), count);
 }

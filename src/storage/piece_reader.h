@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "storage/file_stream.h"
+#include "storage/stream.h"
 
 namespace mxd {
 
@@ -15,7 +15,7 @@ using Offsets = std::vector<std::int64_t>;
 class Piece_reader {
  public:
   // What lies behind `reachable` is treated as absent.
-  Piece_reader(Tmxd_stream_f& stream, std::uint64_t reachable);
+  Piece_reader(Tmxd_stream& stream, std::uint64_t reachable);
 
   std::uint64_t file_size() const { return file_size_; }
   bool in_file(std::int64_t offset, std::size_t length) const;
@@ -28,7 +28,7 @@ class Piece_reader {
  private:
   std::size_t read_run(std::int64_t offset, std::size_t piece, std::span<std::uint8_t> to);
 
-  Tmxd_stream_f& stream_;
+  Tmxd_stream& stream_;
   std::uint64_t file_size_;
 };
 

@@ -65,13 +65,20 @@ TEST(Document, needs_four_bytes_of_its_stream) {
   EXPECT_TRUE(document.maps.empty());
 }
 
-TEST(Document, no_file_that_breaks_off_does_harm) {
+TEST(Document, no_file_that_breaks_off_does_harm_on_disk_or_in_memory) {
   const Byte_run whole = compound(maps_stream("one"));
   for (std::size_t length = 0; length <= whole.size(); length += 64) {
-    const Temp_file cut(std::span<const std::uint8_t>(whole).first(length));
+    const auto part = std::span<const std::uint8_t>(whole).first(length);
+    const Temp_file cut(part);
+    Tmxd_stream_m memory;
+    ASSERT_TRUE(memory.set_size(length));
+    std::ranges::copy(part, memory.bytes().begin());
     Recorded_errors errors;
-    Tmxd_mxd document;
-    EXPECT_EQ(length == whole.size(), document.load(cut.path(), errors)) << length;
+    Tmxd_mxd from_disk, from_memory;
+    EXPECT_EQ(length == whole.size(), from_disk.load(cut.path(), errors)) << length;
+    EXPECT_EQ(length == whole.size(), from_memory.load(memory, cut.path(), errors)) << length;
+    EXPECT_EQ(from_disk.filename, from_memory.filename);
+    EXPECT_EQ(from_disk.dump(0, 2), from_memory.dump(0, 2));
   }
 }
 
