@@ -92,10 +92,6 @@ Wide_string path_from_bytes(std::string_view bytes) {
   return path;
 }
 
-std::vector<std::string> command_line(int argc, const char* const* argv) {
-  return argc > 0 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
-}
-
 std::optional<std::string> path_to_bytes(Wide_view path) {
   std::string bytes;
   bytes.reserve(path.size());

@@ -1,6 +1,11 @@
 #include "mxdinfo/utf8.h"
 
+#include <fmt/format.h>
+
 #include <cstdint>
+#include <utility>
+
+#include "storage/native_path.h"
 
 namespace mxdinfo {
 namespace {
@@ -12,10 +17,6 @@ bool is_lead(char32_t unit) {
 }
 bool is_trail(char32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
-}
-
-bool is_control(char32_t c) {
-  return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
 
 void append(std::string& out, char32_t c) {
@@ -39,6 +40,58 @@ void append(std::string& out, char32_t c) {
   }
 }
 
+bool is_control(char32_t c) {
+  return c < 0x20 || (c >= 0x7F && c < 0xA0);
+}
+
+// What turns the direction of the text around it.
+bool is_direction(char32_t c) {
+  return c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+bool is_fit_for_markup(char32_t c) {
+  return !is_control(c) && !is_direction(c) && (c & 0xFFFE) != 0xFFFE;
+}
+
+std::string_view entity(char32_t c) {
+  switch (c) {
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '&':
+      return "&amp;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&#39;";
+    default:
+      return {};
+  }
+}
+
+// The character that valid UTF-8 begins with, and its length.
+std::pair<char32_t, std::size_t> first_character(std::string_view text) {
+  const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned lead = at(0);
+  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  char32_t c = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) c = c << 6 | (at(i) & 0x3FU);
+  return {c, length};
+}
+
+template <class Change>
+std::string changed(std::string_view text, Change change) {
+  std::string out;
+  out.reserve(text.size());
+  while (!text.empty()) {
+    const auto [c, length] = first_character(text);
+    if (!change(out, c)) out.append(text.substr(0, length));
+    text.remove_prefix(length);
+  }
+  return out;
+}
+
 }  // namespace
 
 std::string utf8(mxd::Wide_view text) {
@@ -52,9 +105,46 @@ std::string utf8(mxd::Wide_view text) {
     } else if (is_lead(c) || is_trail(c)) {
       c = replacement;
     }
-    append(out, is_control(c) ? U' ' : c);
+    append(out, c);
   }
   return out;
+}
+
+std::string utf8_of_narrow(std::string_view text) {
+  return utf8(mxd::narrow_to_wide(text));
+}
+
+std::string utf8_of_path(std::string_view path) {
+  return utf8(mxd::path_from_bytes(path));
+}
+
+std::string on_one_line(std::string_view text) {
+  return changed(text, [](std::string& out, char32_t c) {
+    if (!is_control(c) && !is_direction(c)) return false;
+    const auto code = static_cast<std::uint32_t>(c);
+    out += c < 0x100 ? fmt::format("\\x{:02x}", code) : fmt::format("\\u{:04x}", code);
+    return true;
+  });
+}
+
+std::string in_markup(std::string_view text) {
+  return changed(text, [](std::string& out, char32_t c) {
+    const std::string_view reference = entity(c);
+    if (reference.empty() && is_fit_for_markup(c)) return false;
+    out.append(reference);
+    if (reference.empty()) append(out, c < 0x20 ? 0x2400 + c : replacement);
+    return true;
+  });
+}
+
+std::string folded(std::string_view text) {
+  return changed(text, [](std::string& out, char32_t c) {
+    const bool upper = (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ||
+                       (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F);
+    if (!upper) return false;
+    append(out, c + 0x20);
+    return true;
+  });
 }
 
 }  // namespace mxdinfo
