@@ -24,6 +24,10 @@ std::filesystem::path new_folder() {
 
 Temp_file::Temp_file(std::span<const std::uint8_t> bytes, std::u16string_view name)
     : folder_(new_folder()), file_(folder_ / name), path_(file_.string<Wide_char>()) {
+  write(bytes);
+}
+
+void Temp_file::write(std::span<const std::uint8_t> bytes) const {
   std::ofstream out(file_, std::ios::binary);
   out.write(reinterpret_cast<const char*>(bytes.data()),
             static_cast<std::streamsize>(bytes.size()));

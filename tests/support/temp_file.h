@@ -20,6 +20,8 @@ class Temp_file {
   ~Temp_file();
 
   const Wide_string& path() const { return path_; }
+  // In place of what the file held.
+  void write(std::span<const std::uint8_t> bytes) const;
   // Another path in the same folder; nothing exists there yet.
   Wide_string beside(std::u16string_view name) const;
   Wide_string folder() const;

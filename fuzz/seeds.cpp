@@ -1,0 +1,183 @@
+#include "seeds.h"
+
+#include "document/map.h"
+#include "rendering/property_page.h"
+#include "storage/compound_file.h"
+#include "support/compound_builder.h"
+#include "support/rendering_records.h"
+#include "support/sample_document.h"
+#include "support/sample_symbols.h"
+#include "support/temp_file.h"
+
+namespace mxd::fuzz {
+namespace {
+
+using namespace mxd::test;
+
+// Numbers of the objects around a symbol, out of the way of its own.
+constexpr int outer_number = 1000;
+
+Bytes in_map(const Bytes& content) {
+  return Bytes().i32(1).add(
+      Bytes().object(Tmxd_map::clsid, outer_number, 7, Bytes().wide("M").add(content)));
+}
+
+Bytes in_layer(const Bytes& drawing) {
+  const Bytes name =
+      Bytes().object(Tmxd_feature_class_name::clsid, outer_number + 1, 2,
+                     Bytes().wide("a").counting(6).wide("b").wide("c").i32(3).counting(6));
+  const Bytes workspace =
+      Bytes().object(Tmxd_workspace_name::clsid, outer_number + 2, 2, Bytes().wide("w"));
+  const Bytes fields = Bytes().wide("L").wide("F").u16(1).counting(4).add(name).add(workspace);
+  return in_map(
+      Bytes().object(Tmxd_feature_layer::clsid, outer_number + 3, 9, Bytes(fields).add(drawing)));
+}
+
+Bytes in_renderer(const Bytes& symbol) {
+  return in_layer(simple_renderer(outer_number + 4, symbol).zeros(156).wide("N").f64s({2, 1}));
+}
+
+Seeds symbol_seeds() {
+  const auto symbol = [](Bytes (Sample_symbols::*make)()) {
+    Object_numbers numbers;
+    Sample_symbols symbols(numbers);
+    const Bytes bytes = (symbols.*make)();
+    return in_renderer(bytes).data();
+  };
+  return {{"simple_marker", symbol(&Sample_symbols::simple_marker)},
+          {"char_marker", symbol(&Sample_symbols::char_marker)},
+          {"arrow_marker", symbol(&Sample_symbols::arrow_marker)},
+          {"multilayer_marker", symbol(&Sample_symbols::multilayer_marker)},
+          {"cartographic_line", symbol(&Sample_symbols::cartographic_line)},
+          {"hash_line", symbol(&Sample_symbols::hash_line)},
+          {"marker_line", symbol(&Sample_symbols::marker_line)},
+          {"multilayer_line", symbol(&Sample_symbols::multilayer_line)},
+          {"simple_fill", symbol(&Sample_symbols::simple_fill)},
+          {"line_fill", symbol(&Sample_symbols::line_fill)},
+          {"marker_fill", symbol(&Sample_symbols::marker_fill)},
+          {"multilayer_fill", symbol(&Sample_symbols::multilayer_fill)}};
+}
+
+Bytes with_page(const Bytes& renderer, const Class_id& page) {
+  return in_layer(Bytes(renderer).guid(page.guid).wide("N").f64s({2, 1}));
+}
+
+Seeds renderer_seeds() {
+  const Bytes values =
+      Bytes().i32(2).add(unique_value("x", 0, 0, 1)).add(unique_value("y", -1, -1, 2)).wide("z");
+  const Bytes ranges = Bytes().i32(2).f64s({1, 2}).f64s({0, 1});
+  const auto unique = [&](int names, int version, Main main) {
+    return with_page(unique_value_renderer(names, version, main, values),
+                     Tmxd_unique_value_property_page::clsid)
+        .data();
+  };
+  return {{"simple_renderer", in_renderer(line_symbol(5, 1.5)).data()},
+          {"unique_values_3", unique(1, 3, Main::absent)},
+          {"unique_values_4", unique(3, 4, Main::present)},
+          {"unique_values_again", unique(2, 4, Main::reference)},
+          {"class_breaks",
+           with_page(class_breaks_renderer(30, ranges), Tmxd_graduated_color_property_page::clsid)
+               .data()}};
+}
+
+Byte_run cut(Byte_run bytes, std::size_t size) {
+  bytes.resize(size);
+  return bytes;
+}
+
+}  // namespace
+
+Byte_run maps_stream(const Wide_string& document) {
+  Tmxd_stream_m stream;
+  read_named_stream(document, widen("Maps"), stream);
+  return {stream.bytes().begin(), stream.bytes().end()};
+}
+
+Seeds stream_seeds() {
+  Seeds seeds = symbol_seeds();
+  for (const auto& seed : renderer_seeds()) seeds.push_back(seed);
+  const Byte_run sample = maps_stream(Temp_file(sample_document()).path());
+  seeds.emplace_back("sample", sample);
+  seeds.emplace_back("sample_cut", cut(sample, sample.size() / 2));
+  seeds.emplace_back("no_map", Bytes().i32(1).counting(20).data());
+  return seeds;
+}
+
+Seeds compound_seeds() {
+  const auto file = [] {
+    return Compound_file()
+        .storage("Layout")
+        .stream("Mini", noise(700))
+        .stream("Maps", noise(5000))
+        .stream("Other", noise(100, 2));
+  };
+  Seeds seeds = {{"whole", file().build()},
+                 {"fragmented", file().fragmented(3).build()},
+                 {"cutoff_high", file().cutoff(6000).fragmented(2).build()},
+                 {"cutoff_low", file().cutoff(64).build()},
+                 {"signature", file().signature("notOLE!!").build()},
+                 {"blanks", Compound_file().stream(" mAPS ", noise(600)).build()},
+                 {"unused", file().unused_entry("Maps").build()},
+                 {"no_first_sector", file().first_sector("Maps", sector_outside).build()},
+                 {"size_claimed", file().claimed_size("Maps", 0x7FFFFFFF).build()},
+                 {"cut", cut(file().build(), 3000)},
+                 {"empty", {}}};
+  for (const std::string_view chain : {std::string_view("Maps"), Compound_file::directory,
+                                       Compound_file::mini_stream, Compound_file::mini_fat}) {
+    const std::string name(chain.substr(chain.front() == '/' ? 1 : 0));
+    seeds.emplace_back("circle_" + name, file().circle(chain, 0, 0).build());
+    seeds.emplace_back("link_" + name, file().link(chain, 0, sector_outside).build());
+  }
+  for (const int offset : {0x1E, 0x20, 0x2C, 0x30, 0x38, 0x3C, 0x40, 0x44, 0x48, 0x4C}) {
+    for (const std::uint32_t value : {0U, 1U, 0x7FFFFFFFU, free_sector}) {
+      seeds.emplace_back("header_" + std::to_string(offset) + "_" + std::to_string(value),
+                         file().header(static_cast<Header_field>(offset), value).build());
+    }
+  }
+  return seeds;
+}
+
+Seeds document_seeds() {
+  Seeds seeds = {{"sample", sample_document()}};
+  for (const auto& [name, bytes] : stream_seeds()) {
+    seeds.emplace_back(name + "_file", Compound_file().stream("Maps", bytes).build());
+  }
+  return seeds;
+}
+
+Seeds search_seeds() {
+  Seeds seeds;
+  for (const auto& [name, bytes] : stream_seeds()) {
+    Bytes choices = Bytes().counting(4).counting(4, 20).u16(0).u16(-1);
+    choices.raw({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    seeds.emplace_back(name, choices.data());
+  }
+  seeds.emplace_back("period", Bytes().counting(12, 0).raw(std::string(300, '\7')).data());
+  return seeds;
+}
+
+Seeds text_seeds() {
+  Bytes all_bytes;
+  for (int i = 1; i < 256; ++i) all_bytes.u8(i);
+  return {{"all_bytes", all_bytes.data()},
+          {"wide", Bytes().wide("  Rivers\r\n").data()},
+          {"narrow", Bytes().narrow("GEOGCS[\"x\"]").data()},
+          {"odd", Bytes().i32(7).counting(7).data()},
+          {"number", Bytes().f64(1234567.5).data()},
+          {"guid", Bytes().raw("7914e5f9-c892-11d0-8bb6-080009ee4e41").data()},
+          {"utf8", Bytes().raw("\xD0\x9A\xF0\x9F\x97\xBA\xC0\xAF").data()}};
+}
+
+std::vector<Byte_run> markers() {
+  return {Bytes().i32(13).data(),
+          Bytes().u16(0xFFFF).data(),
+          Bytes().i32(9999).data(),
+          Bytes().i32(9998).data(),
+          Bytes().i32(-1).data(),
+          Bytes().i32(-2).data(),
+          Bytes().i32(0x7FFFFFFF).data(),
+          Bytes().zeros(16).data(),
+          Bytes().raw(std::string_view("M\0a\0p\0s", 7)).data()};
+}
+
+}  // namespace mxd::fuzz

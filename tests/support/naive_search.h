@@ -1,0 +1,53 @@
+// The class-id search without an index.
+#pragma once
+
+#include <algorithm>
+#include <span>
+
+#include "storage/class_id_search.h"
+#include "storage/ieee_stream.h"
+#include "storage/memory_stream.h"
+
+namespace mxd::test {
+
+// The search as it is meant: every position is sought and read, one byte after the other. It is the
+// referee of the index.
+class Naive_search final : public Tmxd_ieee_stream {
+ public:
+  explicit Naive_search(std::span<const std::uint8_t> bytes) {
+    memory_.write(bytes.data(), 1, bytes.size());
+  }
+
+  Class_id_hits find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit,
+                         bool only_first = false) {
+    const std::int64_t size = static_cast<std::int64_t>(get_size());
+    const std::int64_t last = (limit < 0 ? size : limit) - 16;
+    Class_id_hits result{true, {}};
+    for (std::int64_t position = start; position <= last; ++position) {
+      Guid found;
+      if (!seek(static_cast<std::uint64_t>(position)) || !read_guid(*this, found)) {
+        return {false, result.hits};
+      }
+      if (std::find(candidates.begin(), candidates.end(), found) == candidates.end()) continue;
+      result.hits.push_back({position, found});
+      if (only_first) break;
+    }
+    return result;
+  }
+
+  bool set_size(std::uint64_t new_size) override { return memory_.set_size(new_size); }
+  std::uint64_t get_size() override { return memory_.get_size(); }
+  bool seek(std::uint64_t position) override { return memory_.seek(position); }
+  std::uint64_t tell() override { return memory_.tell(); }
+  bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return memory_.read(buffer, element_size, count);
+  }
+  bool write(const void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return memory_.write(buffer, element_size, count);
+  }
+
+ private:
+  Tmxd_stream_m memory_;
+};
+
+}  // namespace mxd::test
