@@ -1,6 +1,6 @@
 #include "seeds.h"
 
-#include "document/map.h"
+#include "records.h"
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
 #include "support/compound_builder.h"
@@ -14,35 +14,12 @@ namespace {
 
 using namespace mxd::test;
 
-// Numbers of the objects around a symbol, out of the way of its own.
-constexpr int outer_number = 1000;
-
-Bytes in_map(const Bytes& content) {
-  return Bytes().i32(1).add(
-      Bytes().object(Tmxd_map::clsid, outer_number, 7, Bytes().wide("M").add(content)));
-}
-
-Bytes in_layer(const Bytes& drawing) {
-  const Bytes name =
-      Bytes().object(Tmxd_feature_class_name::clsid, outer_number + 1, 2,
-                     Bytes().wide("a").counting(6).wide("b").wide("c").i32(3).counting(6));
-  const Bytes workspace =
-      Bytes().object(Tmxd_workspace_name::clsid, outer_number + 2, 2, Bytes().wide("w"));
-  const Bytes fields = Bytes().wide("L").wide("F").u16(1).counting(4).add(name).add(workspace);
-  return in_map(
-      Bytes().object(Tmxd_feature_layer::clsid, outer_number + 3, 9, Bytes(fields).add(drawing)));
-}
-
-Bytes in_renderer(const Bytes& symbol) {
-  return in_layer(simple_renderer(outer_number + 4, symbol).zeros(156).wide("N").f64s({2, 1}));
-}
-
 Seeds symbol_seeds() {
   const auto symbol = [](Bytes (Sample_symbols::*make)()) {
     Object_numbers numbers;
     Sample_symbols symbols(numbers);
     const Bytes bytes = (symbols.*make)();
-    return in_renderer(bytes).data();
+    return in_simple_renderer(bytes).data();
   };
   return {{"simple_marker", symbol(&Sample_symbols::simple_marker)},
           {"char_marker", symbol(&Sample_symbols::char_marker)},
@@ -71,7 +48,7 @@ Seeds renderer_seeds() {
                      Tmxd_unique_value_property_page::clsid)
         .data();
   };
-  return {{"simple_renderer", in_renderer(line_symbol(5, 1.5)).data()},
+  return {{"simple_renderer", in_simple_renderer(line_symbol(5, 1.5)).data()},
           {"unique_values_3", unique(1, 3, Main::absent)},
           {"unique_values_4", unique(3, 4, Main::present)},
           {"unique_values_again", unique(2, 4, Main::reference)},

@@ -21,6 +21,7 @@ Class_id_scan Tmxd_mxd_stream::scan(std::span<const Guid> candidates, std::int64
                                     std::int64_t limit) {
   const std::int64_t from = search_start(start);
   Class_id_scan result = index_.scan(candidates, from, limit);
+  counts_.search_steps += candidates.size();
   if (!result.hit) seek(static_cast<std::uint64_t>(from));
   return result;
 }
@@ -29,6 +30,7 @@ Class_id_hits Tmxd_mxd_stream::find_all(std::span<const Guid> candidates, std::i
                                         std::int64_t limit) {
   const std::int64_t from = search_start(start);
   Class_id_hits result = index_.find_all(candidates, from, limit);
+  counts_.search_steps += candidates.size() + result.hits.size();
   if (result.hits.empty()) seek(static_cast<std::uint64_t>(from));
   return result;
 }
@@ -49,6 +51,7 @@ void Tmxd_mxd_stream::object_grew(const Tmxd_obj& object, std::uint64_t bytes) {
 Nested_read::Nested_read(Tmxd_mxd_stream& stream)
     : stream_(stream), used_before_(stream.budget().used()), levels_beside_(stream.levels_below_) {
   ++stream_.level_;
+  ++stream_.counts_.objects;
   stream_.levels_below_ = 0;
 }
 

@@ -16,6 +16,13 @@
 
 namespace mxd {
 
+// How much a load has done, besides what it spent.
+struct Load_counts {
+  std::uint64_t objects = 0;
+  // Ids looked up and places found.
+  std::uint64_t search_steps = 0;
+};
+
 class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
  public:
   // All three must outlive the stream, the objects read from it need not.
@@ -45,6 +52,7 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
   Object_registry& registry() { return registry_; }
   Error_sink& errors() { return errors_; }
   Load_budget& budget() { return budget_; }
+  const Load_counts& counts() const { return counts_; }
 
  private:
   friend class Nested_read;
@@ -54,6 +62,7 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
   Class_id_index index_;
   Error_sink& errors_;
   Load_budget budget_;
+  Load_counts counts_;
   Object_registry registry_;
   std::vector<std::unique_ptr<Tmxd_obj>> dropped_;
   int level_ = 0;

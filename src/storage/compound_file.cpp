@@ -129,6 +129,7 @@ class Tmxd_compound_file {
   std::optional<Directory_entry> find(Wide_view name) const;
   // False only when memory runs out.
   bool copy(const Directory_entry& entry, Tmxd_stream_m& out);
+  std::uint64_t bytes_read() const { return file_.bytes_read(); }
 
  private:
   bool read_header();
@@ -298,16 +299,19 @@ bool Tmxd_compound_file::copy(const Directory_entry& entry, Tmxd_stream_m& out) 
 
 }  // namespace
 
-int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out) {
+int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out,
+                      std::uint64_t* bytes_read) {
   Tmxd_stream_f stream;
-  return stream.open(path, widen("rb")) ? read_named_stream(stream, name, out) : 0;
+  return stream.open(path, widen("rb")) ? read_named_stream(stream, name, out, bytes_read) : 0;
 }
 
-int read_named_stream(Tmxd_stream& stream, Wide_view name, Tmxd_stream_m& out) try {
+int read_named_stream(Tmxd_stream& stream, Wide_view name, Tmxd_stream_m& out,
+                      std::uint64_t* bytes_read) try {
   Tmxd_compound_file file(stream);
-  if (!file.read_header_and_tables()) return 0;
-  const auto entry = file.find(name);
-  return entry && file.copy(*entry, out) ? 1 : 0;
+  const auto entry = file.read_header_and_tables() ? file.find(name) : std::nullopt;
+  const bool copied = entry && file.copy(*entry, out);
+  if (bytes_read) *bytes_read = file.bytes_read();
+  return copied ? 1 : 0;
 } catch (const std::bad_alloc&) {
   return 0;
 }

@@ -1,5 +1,6 @@
 #include "storage/ieee_stream.h"
 
+#include <algorithm>
 #include <span>
 
 namespace mxd {
@@ -37,9 +38,11 @@ bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out) {
   if (!read_number(stream, count) || count < 0 || count > longest_string || count % 2 != 0) {
     return false;
   }
-  std::array<std::uint8_t, longest_string> stored{};
+  std::array<std::uint8_t, longest_string> most;
   const std::size_t units = static_cast<std::size_t>(count) / 2;
-  const bool ok = units == 0 || read_units(stream, std::span(stored).first(2 * units), 2);
+  const std::span stored = std::span(most).first(2 * units);
+  std::ranges::fill(stored, std::uint8_t{0});
+  const bool ok = units == 0 || read_units(stream, stored, 2);
   out.resize(units);
   for (std::size_t i = 0; i < units; ++i) {
     out[i] = static_cast<Wide_char>(stored[2 * i] | stored[2 * i + 1] << 8);

@@ -36,6 +36,7 @@ std::size_t Piece_reader::read_run(std::int64_t offset, std::size_t piece,
                                    std::span<std::uint8_t> to) {
   const auto start = static_cast<std::uint64_t>(offset);
   const std::size_t count = to.size() / piece;
+  bytes_read_ += to.size();
   if (!stream_.seek(start) || !stream_.read(to.data(), piece, count)) return 0;
   // A file's read is true for a part, too.
   const std::uint64_t end = std::max(stream_.tell(), start);

@@ -18,6 +18,8 @@ class Piece_reader {
   Piece_reader(Tmxd_stream& stream, std::uint64_t reachable);
 
   std::uint64_t file_size() const { return file_size_; }
+  // All that was asked of the file so far.
+  std::uint64_t bytes_read() const { return bytes_read_; }
   bool in_file(std::int64_t offset, std::size_t length) const;
 
   // Reads the pieces one after another into `to`, up to the first that cannot be read whole; how
@@ -30,6 +32,7 @@ class Piece_reader {
 
   Tmxd_stream& stream_;
   std::uint64_t file_size_;
+  std::uint64_t bytes_read_ = 0;
 };
 
 }  // namespace mxd

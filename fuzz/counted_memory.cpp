@@ -1,0 +1,104 @@
+#include "counted_memory.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<std::size_t> in_use{0};
+std::atomic<std::size_t> most_in_use{0};
+std::atomic<std::size_t> base{0};
+std::atomic<std::uint64_t> allocations{0};
+std::atomic<std::uint64_t> first_failure{0};
+
+// Stands before each block, which stays aligned for everything.
+struct alignas(std::max_align_t) Block_header {
+  std::size_t size;
+};
+
+void* allocate(std::size_t size) noexcept {
+  const std::uint64_t fails_at = first_failure;
+  if (++allocations >= fails_at && fails_at != 0) return nullptr;
+  auto* header = static_cast<Block_header*>(std::malloc(sizeof(Block_header) + size));
+  if (!header) return nullptr;
+  header->size = size;
+  const std::size_t now = in_use += size;
+  std::size_t most = most_in_use;
+  while (now > most && !most_in_use.compare_exchange_weak(most, now)) continue;
+  return header + 1;
+}
+
+void* allocate_or_throw(std::size_t size) {
+  void* block = allocate(size);
+  return block ? block : throw std::bad_alloc();
+}
+
+void release(void* block) noexcept {
+  if (!block) return;
+  Block_header* header = static_cast<Block_header*>(block) - 1;
+  in_use -= header->size;
+  std::free(header);
+}
+
+}  // namespace
+
+namespace mxd::fuzz {
+
+std::size_t peak_memory() {
+  return most_in_use - base;
+}
+
+void forget_peak() {
+  base = in_use.load();
+  most_in_use = in_use.load();
+}
+
+void fail_from_allocation(std::uint64_t number) {
+  first_failure = 0;
+  allocations = 0;
+  first_failure = number;
+}
+
+}  // namespace mxd::fuzz
+
+// No class of the project asks for more alignment than all blocks have.
+void* operator new(std::size_t size) {
+  return allocate_or_throw(size);
+}
+void* operator new[](std::size_t size) {
+  return allocate_or_throw(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t) {
+  return allocate_or_throw(size);
+}
+void operator delete(void* block) noexcept {
+  release(block);
+}
+void operator delete[](void* block) noexcept {
+  release(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  release(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+  release(block);
+}
+void operator delete(void* block, const std::nothrow_t&) noexcept {
+  release(block);
+}
+void operator delete[](void* block, const std::nothrow_t&) noexcept {
+  release(block);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+  release(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+  release(block);
+}
