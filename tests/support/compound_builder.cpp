@@ -119,6 +119,10 @@ Compound_file& Compound_file::unused_sectors(std::size_t count) {
   unused_sectors_ = count;
   return *this;
 }
+Compound_file& Compound_file::tables_first() {
+  tables_first_ = true;
+  return *this;
+}
 Compound_file& Compound_file::signature(std::string_view eight_bytes) {
   signature_ = eight_bytes;
   return *this;
@@ -206,9 +210,15 @@ void Compound_file::place_sectors(Layout& layout) const {
   layout.difat[0].bytes.resize(difat * sector_size);
   const auto order = numbers(content + fat + difat, stride_);
   std::span<const std::uint32_t> free = order;
-  for (auto* chains : {&layout.regular, &layout.fat, &layout.difat}) {
+  std::vector<Chains*> placing = {&layout.regular, &layout.fat, &layout.difat};
+  if (tables_first_) {
+    std::ranges::reverse(placing);
+    std::ranges::reverse(layout.regular);
+  }
+  for (auto* chains : placing) {
     Layout::place(*chains, sector_size, free);
   }
+  if (tables_first_) std::ranges::reverse(layout.regular);
 }
 
 void Compound_file::link_sectors(const Chains& chains, std::vector<std::uint32_t>& links) const {

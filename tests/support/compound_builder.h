@@ -52,6 +52,8 @@ class Compound_file {
   // Neighbours of a chain lie that many sectors apart, mini sectors as well.
   Compound_file& fragmented(std::size_t stride);
   Compound_file& unused_sectors(std::size_t count);
+  // The FAT and the directory lie before the streams.
+  Compound_file& tables_first();
   Compound_file& signature(std::string_view eight_bytes);
 
   // Damages. A link leads from the sector of that place in the chain.
@@ -105,6 +107,7 @@ class Compound_file {
   std::uint32_t cutoff_ = 4096;
   std::size_t stride_ = 1;
   std::size_t unused_sectors_ = 0;
+  bool tables_first_ = false;
 };
 
 }  // namespace mxd::test

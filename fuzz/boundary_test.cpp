@@ -1,0 +1,199 @@
+// What happens at the library's edge: without memory, without disk, with files that change, in two
+// threads, and under a host's locale.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <filesystem>
+#include <fstream>
+#include <locale>
+#include <thread>
+
+#include "counted_memory.h"
+#include "document/mxd.h"
+#include "storage/compound_file.h"
+#include "support/compound_builder.h"
+#include "support/sample_document.h"
+#include "support/special_files.h"
+#include "support/temp_file.h"
+#include "tree_walk.h"
+
+namespace mxd::fuzz {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace mxd::test;
+
+class Document {
+ public:
+  Document() : handle_(vq_mxd_mxd_create()) {}
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+  ~Document() { vq_mxd_mxd_destroy(handle_); }
+
+  int load(const Wide_string& path) { return vq_mxd_mxd_load(handle_, path.c_str()); }
+  int save(const Wide_string& path) const { return vq_mxd_mxd_save_xml(handle_, path.c_str()); }
+  std::uint64_t walk() const { return walk_tree(handle_); }
+  std::int64_t maps() const { return vq_mxd_maps_get_size(vq_mxd_mxd_get_maps(handle_)); }
+
+ private:
+  vq_mxd_mxd* handle_;
+};
+
+std::string text_of(const Wide_string& path) {
+  std::ifstream in(fs::path(path), std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// Runs the action without the first allocation, then without the second, ... until it has all that
+// it asks for; how many it asked for.
+template <class Action>
+int with_ever_more_memory(Action succeeds) {
+  for (int allocations = 1;; ++allocations) {
+    fail_from_allocation(static_cast<std::uint64_t>(allocations));
+    const bool ok = succeeds();
+    fail_from_allocation(0);
+    if (ok) return allocations;
+  }
+}
+
+TEST(Boundary, memory_that_runs_out_at_any_point_only_fails_the_call) {
+  const Temp_file file(sample_document());
+  const Wide_string xml = file.beside(u"map.xml");
+  Document document;
+  EXPECT_GT(with_ever_more_memory([&] { return document.load(file.path()) == 1; }), 100);
+  const std::uint64_t seen = document.walk();
+  EXPECT_GT(with_ever_more_memory([&] { return document.save(xml) == 1; }), 3);
+  EXPECT_EQ(document.walk(), seen);
+  // Type names longer than a string's own room need memory, too.
+  with_ever_more_memory([&] { return document.walk() == seen; });
+
+  Document fresh;
+  ASSERT_EQ(fresh.load(file.path()), 1);
+  EXPECT_EQ(fresh.walk(), seen);
+  const Wide_string other = file.beside(u"other.xml");
+  ASSERT_EQ(fresh.save(other), 1);
+  EXPECT_EQ(text_of(xml), text_of(other));
+}
+
+TEST(Boundary, a_stream_that_does_not_fit_into_memory_is_not_found) {
+  const Temp_file file(Compound_file().stream("Maps", noise(100000)).build());
+  const int allocations = with_ever_more_memory([&] {
+    Tmxd_stream_m out;
+    const bool found = read_named_stream(file.path(), widen("Maps"), out) == 1;
+    EXPECT_EQ(out.get_size(), found ? 100000U : 0U);
+    return found;
+  });
+  EXPECT_GT(allocations, 5);
+  Tmxd_stream_m stream;
+  EXPECT_FALSE(stream.set_size(std::uint64_t{1} << 62));
+  EXPECT_FALSE(stream.set_size(~std::uint64_t{0}));
+  EXPECT_EQ(stream.get_size(), 0U);
+}
+
+TEST(Boundary, saving_answers_whether_the_file_could_be_opened) {
+  const Temp_file file(sample_document());
+  Document document;
+  ASSERT_EQ(document.load(file.path()), 1);
+  const std::uint64_t seen = document.walk();
+  EXPECT_EQ(document.save(file.folder()), 0);
+  EXPECT_EQ(document.save(file.beside(u"missing/map.xml")), 0);
+  EXPECT_EQ(document.save({}), 0);
+  // A full disk shows only when the bytes are on their way.
+  const bool has_full_disk = fs::exists("/dev/full");
+  EXPECT_EQ(document.save(widen("/dev/full")), has_full_disk ? 1 : 0);
+
+  const Wide_string locked = file.beside(u"locked");
+  fs::create_directory(fs::path(locked));
+  fs::permissions(fs::path(locked), fs::perms::owner_read | fs::perms::owner_exec);
+  // The superuser writes everywhere.
+  std::ofstream probe(fs::path(locked) / "probe");
+  const bool may_write = probe.is_open();
+  EXPECT_EQ(document.save((fs::path(locked) / "map.xml").string<Wide_char>()), may_write ? 1 : 0);
+  fs::permissions(fs::path(locked), fs::perms::owner_all);
+
+  // Over the document itself: what was read stays, and the file is XML from then on.
+  EXPECT_EQ(document.save(file.path()), 1);
+  EXPECT_EQ(document.walk(), seen);
+  EXPECT_TRUE(file.text().starts_with("<?xml"));
+  EXPECT_EQ(document.load(file.path()), 0);
+  EXPECT_EQ(document.maps(), 0);
+}
+
+TEST(Boundary, a_file_that_shrinks_and_grows_while_it_is_read_does_no_harm) {
+  const Byte_run bytes = sample_document();
+  const Temp_file file(bytes);
+  const fs::path path(file.path());
+  std::thread host([&] {
+    Document document;
+    for (int i = 0; i < 200; ++i) {
+      document.load(file.path());
+      document.walk();
+    }
+  });
+  for (int i = 0; i < 400; ++i) {
+    std::error_code ignored;
+    fs::resize_file(path, bytes.size() * static_cast<unsigned>(i % 7) / 6, ignored);
+    if (i % 7 == 6) file.write(bytes);
+  }
+  host.join();
+  file.write(bytes);
+  Document document;
+  EXPECT_EQ(document.load(file.path()), 1);
+  EXPECT_EQ(document.maps(), 3);
+}
+
+TEST(Boundary, two_documents_may_be_used_in_two_threads) {
+  const Temp_file file(sample_document());
+  const auto work = [&](std::u16string_view name) {
+    const Wide_string xml = file.beside(name);
+    Document document;
+    for (int i = 0; i < 20; ++i) {
+      EXPECT_EQ(document.load(file.path()), 1);
+      document.walk();
+      EXPECT_EQ(document.save(xml), 1);
+    }
+    return text_of(xml);
+  };
+  std::string first, second;
+  std::thread one([&] { first = work(u"one.xml"); });
+  std::thread two([&] { second = work(u"two.xml"); });
+  one.join();
+  two.join();
+  EXPECT_EQ(first, second);
+  EXPECT_FALSE(first.empty());
+}
+
+struct Comma final : std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(Boundary, the_outputs_do_not_depend_on_the_hosts_locale) {
+  const Temp_file file(sample_document());
+  const auto outputs = [&] {
+    class Silent final : public Error_sink {
+      void read_failed(const Read_error&) override {}
+    } errors;
+    Tmxd_mxd document;
+    EXPECT_TRUE(document.load(file.path(), errors));
+    EXPECT_TRUE(document.save_xml(file.beside(u"map.xml")));
+    return document.dump(0, 2) + text_of(file.beside(u"map.xml"));
+  };
+  const std::string plain = outputs();
+  EXPECT_NE(plain.find("0.75"), std::string::npos);
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
+  EXPECT_EQ(outputs(), plain);
+  bool found = false;
+  for (const char* name : {"de_DE.UTF-8", "ru_RU.UTF-8", "fr_FR.UTF-8", "German_Germany"}) {
+    if (!std::setlocale(LC_ALL, name)) continue;
+    found = true;
+    EXPECT_EQ(outputs(), plain) << name;
+  }
+  if (!found) std::printf("no locale with a comma is installed; only that of C++ was set\n");
+  std::setlocale(LC_ALL, "C");
+  std::locale::global(before);
+}
+
+}  // namespace
+}  // namespace mxd::fuzz
