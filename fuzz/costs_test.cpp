@@ -206,7 +206,7 @@ const std::vector<Row> stream_rows = {
     {"template without end", 2000, bytes_of<endless_template>},
     {"values without end", 500, bytes_of<endless_values>},
     {"ranges", 2, bytes_of<many_ranges>},
-    {"nested reads", 60, bytes_of<nested>},
+    {"nested reads", 100, bytes_of<nested>},
     {"overlapping layers", 250, bytes_of<overlapping>, true},
     {"references to references", 25, bytes_of<doubling_references>, true},
     {"legend without end, searches to a far limit", 500, bytes_of<far_searches>},

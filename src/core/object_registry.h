@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <unordered_map>
 
 namespace mxd {
 
@@ -19,17 +19,17 @@ struct Registered_object {
 class Object_registry {
  public:
   void add(std::uint16_t number, const Registered_object& entry) {
-    if (number >= by_number_.size()) by_number_.resize(std::size_t{number} + 1);
-    if (!by_number_[number].object) by_number_[number] = entry;
+    by_number_.try_emplace(number, entry);
   }
 
   Registered_object* find(std::uint16_t number) {
-    if (number >= by_number_.size() || !by_number_[number].object) return nullptr;
-    return &by_number_[number];
+    const auto found = by_number_.find(number);
+    return found == by_number_.end() ? nullptr : &found->second;
   }
 
  private:
-  std::vector<Registered_object> by_number_;
+  // A table of all numbers would cost megabytes as soon as one is high.
+  std::unordered_map<std::uint16_t, Registered_object> by_number_;
 };
 
 }  // namespace mxd
