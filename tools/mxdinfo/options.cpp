@@ -138,6 +138,8 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
       "mxdinfo");
   app.get_formatter()->column_width(26);
   app.footer(examples);
+  // A slash begins a path on every system.
+  app.allow_windows_style_options(false);
   add_inputs(app, raw.options);
   add_outputs(app, raw);
   add_views(app, raw);
