@@ -99,8 +99,9 @@ TEST(Boundary, saving_answers_whether_the_file_could_be_opened) {
   EXPECT_EQ(document.save(file.beside(u"missing/map.xml")), 0);
   EXPECT_EQ(document.save({}), 0);
   // A full disk shows only when the bytes are on their way.
-  const bool has_full_disk = fs::exists("/dev/full");
-  EXPECT_EQ(document.save(widen("/dev/full")), has_full_disk ? 1 : 0);
+  if (fs::exists("/dev/full")) {
+    EXPECT_EQ(document.save(widen("/dev/full")), 1);
+  }
 
   const Wide_string locked = file.beside(u"locked");
   fs::create_directory(fs::path(locked));
@@ -133,7 +134,11 @@ TEST(Boundary, a_file_that_shrinks_and_grows_while_it_is_read_does_no_harm) {
   for (int i = 0; i < 400; ++i) {
     std::error_code ignored;
     fs::resize_file(path, bytes.size() * static_cast<unsigned>(i % 7) / 6, ignored);
-    if (i % 7 == 6) file.write(bytes);
+    try {
+      if (i % 7 == 6) file.write(bytes);
+    } catch (const std::runtime_error&) {
+      // Windows lets nobody write what is being read.
+    }
   }
   host.join();
   file.write(bytes);

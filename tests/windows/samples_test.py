@@ -25,7 +25,7 @@ def outputs(mxdinfo, document, xml):
 
     dump = run("--dump")
     run("--xml", xml)
-    with open(os.path.join(samples, xml), "rb") as file:
+    with open(xml, "rb") as file:
         return dump, file.read()
 
 
@@ -44,7 +44,7 @@ total = 0
 os.environ["VQK_WINE_LOCALE"] = "ru_RU.CP1251"
 with tempfile.TemporaryDirectory() as folder:
     for document in documents:
-        xml = os.path.relpath(os.path.join(folder, "out.xml"), samples)
+        xml = os.path.join(folder, "out.xml")
         native_outputs = outputs([native], document, xml)
         windows_outputs = outputs(windows, document, xml)
         for what, expected, found in zip(("dump", "XML"), native_outputs, windows_outputs):
