@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <locale>
+#include <stdexcept>
 #include <thread>
 
 #include "counted_memory.h"
