@@ -46,7 +46,7 @@ class Hostile_names(Case):
                 for i, name in enumerate(NAMES.values())]
 
     def test_text(self):
-        views = ([], ["--layers"], ["--sources"], ["--crs"], ["--symbols"], ["--find-source", ""])
+        views = ([], ["--layers"], ["--sources"], ["--crs"], ["--symbols"], ["--find-source", "\\"])
         self.write("plain.mxd", documents.document("plain"))
         for view in views:
             lines = self.run_mxdinfo(*view, "plain.mxd")[0].count("\n")

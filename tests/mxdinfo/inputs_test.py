@@ -85,11 +85,30 @@ class Inputs(Case):
         if os.path.exists("/dev/full"):
             self.run_mxdinfo("-f", "json", "-o", "/dev/full", SAMPLE, code=1)
 
+    def test_an_output_never_overwrites_an_input(self):
+        names = self.share()
+        before = os.path.getsize(os.path.join(self.folder, names[0]))
+        for arguments in (["-o", "A.MXD", "A.MXD"], ["--xml", "./A.MXD", "sub/../A.MXD"],
+                          ["-r", "-f", "csv", "-o", "A.MXD", "."]):
+            self.run_mxdinfo(*arguments, code=2)
+        self.assertEqual(before, os.path.getsize(os.path.join(self.folder, names[0])))
+
+    def test_names_in_brackets(self):
+        self.write("[a]", documents.document("good"))
+        self.assertEqual(["./[a]"], self.paths("[a]"))
+
+    def test_data_sources_are_found_by_their_paths(self):
+        for text, hits in (("C:\\data\\base\\LANDUSE", 1), ("base/rivers", 1), ("base", 2),
+                           ("settlements", 1), ("Shapefile", 0), (" in ", 0)):
+            found = self.run_mxdinfo("--find-source", text, SAMPLE)[0]
+            self.assertEqual(hits, found.count("\n"), text)
+
     def test_wrong_usage(self):
         for arguments in ([], ["-"] * 2, ["-", "--files-from", "-"], ["-f", "xml", "."],
                           ["-f", "dump", SAMPLE, SAMPLE], ["-f", "word", SAMPLE], ["-q", "-v", SAMPLE],
                           ["--layers", "--crs", SAMPLE], ["--layers", "-f", "csv", SAMPLE],
-                          ["--find-source", "x", "-f", "html", SAMPLE], ["-j", "-1", SAMPLE]):
+                          ["--find-source", "x", "-f", "html", SAMPLE], ["-j", "-1", SAMPLE],
+                          ["--find-source", "", SAMPLE], ["-o", "", SAMPLE]):
             self.run_mxdinfo(*arguments, code=2)
         self.assertEqual(4, self.run_mxdinfo("--help")[0].count("  mxdinfo "))
 

@@ -85,7 +85,7 @@ class Csv_writer final : public Report_writer {
 
  private:
   bool is_wanted(const Tmxd_layer& layer) const {
-    return wanted_.empty() || folded(source_of(layer).text()).find(wanted_) != std::string::npos;
+    return wanted_.empty() || source_of(layer).contains(wanted_);
   }
 
   std::string wanted_;

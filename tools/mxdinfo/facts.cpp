@@ -93,6 +93,20 @@ std::string Source::text() const {
   return text + " in " + workspace;
 }
 
+bool Source::contains(std::string_view wanted) const {
+  // Between workspace and dataset stands whatever the reader's system puts between names.
+  for (const char* separator : {"\\", "/"}) {
+    std::string path = workspace;
+    for (const std::string& name : {feature_dataset, dataset}) {
+      const bool ends_so = path.ends_with('\\') || path.ends_with('/');
+      if (!path.empty() && !name.empty() && !ends_so) path += separator;
+      path += name;
+    }
+    if (folded(path).find(wanted) != std::string::npos) return true;
+  }
+  return false;
+}
+
 Source source_of(const Tmxd_layer& layer) {
   Source source;
   if (const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer)) {

@@ -43,6 +43,8 @@ struct Source {
   bool empty() const { return dataset.empty() && workspace.empty(); }
   // "towns (File Geodatabase Feature Class) in C:\data\town.gdb"
   std::string text() const;
+  // Whether the path of the data, its workspace or its dataset contains the folded text.
+  bool contains(std::string_view wanted) const;
 };
 Source source_of(const mxd::Tmxd_layer& layer);
 

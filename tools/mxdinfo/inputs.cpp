@@ -102,4 +102,11 @@ Inputs find_inputs(const Options& options) {
   return inputs;
 }
 
+bool is_input(const std::string& file, const Inputs& inputs) {
+  return std::any_of(inputs.paths.begin(), inputs.paths.end(), [&](const std::string& path) {
+    std::error_code not_there;
+    return path != "-" && fs::equivalent(path_of(file), path_of(path), not_there);
+  });
+}
+
 }  // namespace mxdinfo

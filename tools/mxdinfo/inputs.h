@@ -18,4 +18,7 @@ struct Inputs {
 
 Inputs find_inputs(const Options& options);
 
+// Whether the file stands among the inputs, under whatever name.
+bool is_input(const std::string& file, const Inputs& inputs);
+
 }  // namespace mxdinfo

@@ -1,6 +1,7 @@
 #include "mxdinfo/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 
 #include "mxdinfo/platform.h"
@@ -37,6 +38,25 @@ struct Raw_options {
   bool layers = false, sources = false, coordinate_systems = false, symbols = false;
 };
 
+std::string not_empty(const std::string& text) {
+  return text.empty() ? "must not be empty" : "";
+}
+
+// The parser takes an argument in brackets for a list. As a path it can be written so that it is
+// none.
+std::vector<std::string> arguments_of(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    const bool in_brackets =
+        argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
+    arguments.push_back(in_brackets ? "./" + argument : std::move(argument));
+  }
+  // The parser wants them from the last to the first.
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
+}
+
 void add_inputs(CLI::App& app, Options& options) {
   app.add_option("FILE", options.inputs,
                  "map documents, folders of them, or - for a document on standard input")
@@ -59,10 +79,12 @@ void add_outputs(CLI::App& app, Raw_options& raw) {
           ->type_name("FORMAT")
           ->transform(CLI::CheckedTransformer(formats()).description(""));
   app.add_option("-o,--output", options.output, "write to FILE, not to standard output")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(not_empty);
   auto* dump = app.add_flag("--dump", raw.dump, "the same as --format dump")->excludes(format);
   app.add_option("--xml", raw.xml_file, "the same as --format xml -o OUT")
       ->type_name("OUT")
+      ->check(not_empty)
       ->excludes(dump)
       ->excludes(format);
 }
@@ -76,7 +98,8 @@ void add_views(CLI::App& app, Raw_options& raw) {
   views
       ->add_option("--find-source", raw.options.find_source,
                    "the layers whose data source contains TEXT, capitals or not (text, csv)")
-      ->type_name("TEXT");
+      ->type_name("TEXT")
+      ->check(not_empty);
   views->require_option(0, 1);
 }
 
@@ -145,7 +168,7 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
   add_views(app, raw);
   add_manners(app, raw.options);
   try {
-    app.parse(argc, argv);
+    app.parse(arguments_of(argc, argv));
     Options options = resolved(raw);
     check(options);
     return options;

@@ -171,6 +171,10 @@ int run(int argc, const char* const* argv) {
     say("mxdinfo: xml and dump take one file\n");
     return wrong_usage;
   }
+  if (!options.output.empty() && is_input(options.output, inputs)) {
+    say("mxdinfo: " + on_one_line(options.output) + " is to be read, and is not overwritten\n");
+    return wrong_usage;
+  }
   Run whole(options, inputs, options.output.empty() && is_terminal(stdout));
   return options.format == Format::xml ? whole.save_xml() : whole.write_all();
 }

@@ -77,10 +77,12 @@ void draw_markers(Canvas& canvas, const Tmxd_marker_fill_symbol& symbol, const B
   const double left = box.x + first_x - std::ceil(first_x / step_x) * step_x;
   const double top = box.y + first_y - std::ceil(first_y / step_y) * step_y;
   Spread spread;
-  for (int i = 0; i < rows * columns; ++i) {
-    Point at{left + i % columns * step_x, top + i / columns * step_y};
-    if (symbol.random) at = {at.x + spread.next() * step_x, at.y + spread.next() * step_y};
-    draw_marker(canvas, symbol.marker_slot.get(), {at, 0}, level + 1);
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      Point at{left + column * step_x, top + row * step_y};
+      if (symbol.random) at = {at.x + spread.next() * step_x, at.y + spread.next() * step_y};
+      draw_marker(canvas, symbol.marker_slot.get(), {at, 0}, level + 1);
+    }
   }
 }
 

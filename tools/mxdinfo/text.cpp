@@ -78,10 +78,10 @@ class Source_finder final : public Report_writer {
   std::string document(const Report& report) const override {
     std::string out;
     visit_layers(report.content, [&](const Tmxd_map& map, const Layer_place& place) {
-      const std::string source = source_of(*place.layer).text();
-      if (folded(source).find(wanted_) == std::string::npos) return;
+      const Source source = source_of(*place.layer);
+      if (!source.contains(wanted_)) return;
       out += fmt::format("{}: {}: {}\n", on_one_line(report.name), full_name(map, place),
-                         on_one_line(source));
+                         on_one_line(source.text()));
     });
     return out;
   }

@@ -141,9 +141,14 @@ std::string folded(std::string_view text) {
   return changed(text, [](std::string& out, char32_t c) {
     const bool upper = (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ||
                        (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F);
-    if (!upper) return false;
-    append(out, c + 0x20);
-    return true;
+    // Capitals and small letters in turn, small ones on odd codes but for two stretches.
+    const bool small_is_even = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
+    const bool in_turn = c >= 0x100 && c <= 0x17E && c != 0x130 && c != 0x131 && c != 0x138 &&
+                         c != 0x149 && c != 0x178 && (c % 2 == 0) != small_is_even;
+    if (upper) append(out, c + 0x20);
+    if (c >= 0x400 && c <= 0x40F) append(out, c + 0x50);
+    if (in_turn) append(out, c + 1);
+    return upper || in_turn || (c >= 0x400 && c <= 0x40F);
   });
 }
 
