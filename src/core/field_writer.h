@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/xml.h"
 #include "storage/bytes.h"
@@ -41,13 +40,13 @@ class Field_writer {
   Field_writer& operator=(const Field_writer&) = delete;
   virtual ~Field_writer() = default;
 
-  virtual void integer(Key key, std::int32_t value) = 0;
-  virtual void real(Key key, double value) = 0;
-  virtual void boolean(Key key, bool value) = 0;
+  virtual void integer(const Key& key, std::int32_t value) = 0;
+  virtual void real(const Key& key, double value) = 0;
+  virtual void boolean(const Key& key, bool value) = 0;
   // 8-bit text as it is; both outputs end it at its first NUL.
-  virtual void narrow_text(Key key, std::string_view text) = 0;
-  void text(Key key, Wide_view text) { narrow_text(key, to_narrow(text)); }
-  void bytes(Key key, const Byte_run& run) { narrow_text(key, bytes_to_hex(run, " ")); }
+  void narrow_text(const Key& key, std::string_view text) { text_line(key, until_nul(text)); }
+  void text(const Key& key, Wide_view text) { text_line(key, to_narrow(text)); }
+  virtual void bytes(const Key& key, const Byte_run& run) = 0;
 
   // A nested object: in the dump a block under its type name, whatever the key.
   virtual void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) = 0;
@@ -71,7 +70,7 @@ class Field_writer {
   // Fields that belong together: a block in braces in the dump, an element in XML. Where a face has
   // no name for it, the fields stand there without a frame.
   template <class Describe>
-  void group(Key key, Describe describe) {
+  void group(const Key& key, Describe describe) {
     open(key);
     describe();
     close(key);
@@ -87,23 +86,25 @@ class Field_writer {
   }
 
  private:
-  virtual void open(Key key) = 0;
-  virtual void close(Key key) = 0;
+  virtual void text_line(const Key& key, std::string_view text) = 0;
+  virtual void open(const Key& key) = 0;
+  virtual void close(const Key& key) = 0;
 };
 
 class Text_writer final : public Field_writer {
  public:
   Text_writer(std::string& out, int indent, int step) : out_(out), indent_(indent), step_(step) {}
 
-  void integer(Key key, std::int32_t value) override;
-  void real(Key key, double value) override;
-  void boolean(Key key, bool value) override;
-  void narrow_text(Key key, std::string_view text) override;
+  void integer(const Key& key, std::int32_t value) override;
+  void real(const Key& key, double value) override;
+  void boolean(const Key& key, bool value) override;
+  void bytes(const Key& key, const Byte_run& run) override;
   void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
 
  private:
-  void open(Key key) override;
-  void close(Key key) override;
+  void text_line(const Key& key, std::string_view text) override;
+  void open(const Key& key) override;
+  void close(const Key& key) override;
 
   std::string& out_;
   int indent_;
@@ -112,20 +113,20 @@ class Text_writer final : public Field_writer {
 
 class Xml_writer final : public Field_writer {
  public:
-  explicit Xml_writer(Tmxd_xml_node& element) : element_(&element) {}
+  explicit Xml_writer(Tmxd_xml_node element) : element_(element) {}
 
-  void integer(Key key, std::int32_t value) override;
-  void real(Key key, double value) override;
-  void boolean(Key key, bool value) override;
-  void narrow_text(Key key, std::string_view text) override;
+  void integer(const Key& key, std::int32_t value) override;
+  void real(const Key& key, double value) override;
+  void boolean(const Key& key, bool value) override;
+  void bytes(const Key& key, const Byte_run& run) override;
   void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
 
  private:
-  void open(Key key) override;
-  void close(Key key) override;
+  void text_line(const Key& key, std::string_view text) override;
+  void open(const Key& key) override;
+  void close(const Key& key) override;
 
-  Tmxd_xml_node* element_;
-  std::vector<Tmxd_xml_node*> outer_;
+  Tmxd_xml_node element_;
 };
 
 }  // namespace mxd

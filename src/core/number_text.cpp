@@ -5,19 +5,25 @@
 
 namespace mxd {
 
+char* put_int(char* to, std::int32_t value) {
+  return std::to_chars(to, to + longest_int_text, value).ptr;
+}
+
+char* put_double(char* to, double value) {
+  constexpr int significant_digits = 6;
+  return std::to_chars(to, to + longest_double_text, value, std::chars_format::general,
+                       significant_digits)
+      .ptr;
+}
+
 std::string int_text(std::int32_t value) {
-  std::array<char, 16> text;
-  const char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  return {text.data(), static_cast<std::size_t>(end - text.data())};
+  std::array<char, longest_int_text> text;
+  return {text.data(), put_int(text.data(), value)};
 }
 
 std::string double_text(double value) {
-  constexpr int significant_digits = 6;
-  std::array<char, 32> text;
-  const char* end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                  std::chars_format::general, significant_digits)
-                        .ptr;
-  return {text.data(), static_cast<std::size_t>(end - text.data())};
+  std::array<char, longest_double_text> text;
+  return {text.data(), put_double(text.data(), value)};
 }
 
 }  // namespace mxd

@@ -9,7 +9,7 @@ void Tmxd_obj::dump_fields(std::string& out, int indent, int step) const {
   describe(writer);
 }
 
-void Tmxd_obj::write_fields_xml(Tmxd_xml_node& element) const {
+void Tmxd_obj::write_fields_xml(Tmxd_xml_node element) const {
   Xml_writer writer(element);
   describe(writer);
 }
@@ -28,9 +28,9 @@ void Tmxd_obj::append_object_text(std::string& out, int indent, int step) const 
   out.append(dump_indent(indent)).append("}\n");
 }
 
-void Tmxd_obj::write_object_xml(Tmxd_xml_node& parent, Xml_name name) const {
-  Tmxd_xml_node& outer = xml_add_node(parent, name);
-  Tmxd_xml_node& element = xml_add_node(outer, Xml_name(type_name()));
+void Tmxd_obj::write_object_xml(Tmxd_xml_node parent, Xml_name name) const {
+  const Tmxd_xml_node outer = xml_add_node(parent, name);
+  const Tmxd_xml_node element = xml_add_node(outer, Xml_name(type_name()));
   if (!exists) {
     xml_add_bool(element, "exists", false);
     return;
@@ -43,11 +43,6 @@ void Tmxd_obj::write_object_xml(Tmxd_xml_node& parent, Xml_name name) const {
   } else {
     write_fields_xml(element);
   }
-}
-
-const char* Tmxd_obj::type_str() const {
-  type_str_ = type_name();
-  return type_str_.c_str();
 }
 
 }  // namespace mxd

@@ -37,14 +37,14 @@ class Tmxd_obj {
   virtual bool copy_from(const Tmxd_obj& /*source*/) { return false; }
 
   void dump_fields(std::string& out, int indent, int step) const;
-  void write_fields_xml(Tmxd_xml_node& element) const;
+  void write_fields_xml(Tmxd_xml_node element) const;
 
   void dump_object_text(std::string& out, int indent, int step) const;
   void append_object_text(std::string& out, int indent, int step) const;
-  void write_object_xml(Tmxd_xml_node& parent, Xml_name name) const;
+  void write_object_xml(Tmxd_xml_node parent, Xml_name name) const;
 
-  // NUL-terminated; filled anew at each call.
-  const char* type_str() const;
+  // Type names are literals, and so closed by NUL.
+  const char* type_str() const { return type_name().data(); }
 
   std::uint8_t exists = 1;
   std::uint8_t repeat = 0;
@@ -57,9 +57,6 @@ class Tmxd_obj {
   Tmxd_obj& operator=(const Tmxd_obj& /*source*/) { return *this; }
 
   virtual void describe(Field_writer& writer) const = 0;
-
- private:
-  mutable std::string type_str_;
 };
 
 // What a concrete class answers about itself, from its `clsid` and `type`.

@@ -1,9 +1,7 @@
 #include "core/xml.h"
 
-#include <cstring>
+#include <array>
 #include <memory>
-#include <new>
-#include <string>
 
 #include "core/number_text.h"
 #include "storage/native_output.h"
@@ -11,7 +9,7 @@
 namespace mxd {
 namespace {
 
-std::string_view entity(char c) {
+constexpr std::string_view entity(char c) {
   switch (c) {
     case '<':
       return "&lt;";
@@ -28,93 +26,40 @@ std::string_view entity(char c) {
   }
 }
 
-std::string_view kept(std::pmr::memory_resource& memory, std::string_view text) {
-  if (text.empty()) return {};
-  char* copy = static_cast<char*>(memory.allocate(text.size(), 1));
-  std::memcpy(copy, text.data(), text.size());
-  return {copy, text.size()};
+// How much longer each byte becomes.
+constexpr auto growth = [] {
+  std::array<std::uint8_t, 256> result{};
+  for (std::size_t i = 0; i < result.size(); ++i) {
+    const std::string_view replaced = entity(static_cast<char>(i));
+    if (!replaced.empty()) result[i] = static_cast<std::uint8_t>(replaced.size() - 1);
+  }
+  return result;
+}();
+
+std::size_t escaped_size(std::string_view text) {
+  std::size_t size = text.size();
+  for (const char c : text) size += growth[static_cast<unsigned char>(c)];
+  return size;
 }
 
-std::string_view xml_escape(std::pmr::memory_resource& memory, std::string_view text) {
-  constexpr const char* special = "<>&'\"";
-  std::size_t end = text.find_first_of(special);
-  if (end == std::string_view::npos) return kept(memory, text);
-  std::string result;
-  while (end != std::string_view::npos) {
-    result.append(text.substr(0, end)).append(entity(text[end]));
-    text.remove_prefix(end + 1);
-    end = text.find_first_of(special);
-  }
-  return kept(memory, result.append(text));
-}
-
-Tmxd_xml_node& append(std::pmr::memory_resource& memory, Xml_node_list& list, Xml_name name,
-                      std::string_view kept_value) {
-  void* place = memory.allocate(sizeof(Tmxd_xml_node), alignof(Tmxd_xml_node));
-  auto* node = new (place) Tmxd_xml_node{&memory, name, kept_value};
-  (list.last ? list.last->next : list.first) = node;
-  list.last = node;
-  return *node;
-}
-
-void add_plain(Tmxd_xml_node& parent, Xml_name name, std::string_view text) {
-  append(*parent.memory, parent.children, name, kept(*parent.memory, text));
-}
-
-// Collects the text and hands it to the file in large pieces.
-class Xml_file_writer {
- public:
-  explicit Xml_file_writer(std::FILE* file) : file_(file) {}
-
-  void write(std::string_view text) {
-    buffer_.append(text);
-    if (buffer_.size() >= piece_size) flush();
-  }
-
-  void flush() {
-    // A full disk is not reported.
-    static_cast<void>(std::fwrite(buffer_.data(), 1, buffer_.size(), file_));
-    buffer_.clear();
-  }
-
-  void xml_write_element(const Tmxd_xml_node& node) {
-    write("\n<");
-    write_name(node.name);
-    if (node.attributes.first) write_attributes(node);
-    if (!node.children.first && node.value.empty()) {
-      write("/>");
-      return;
-    }
-    write(">");
-    write(node.value);
-    for (const auto* child = node.children.first; child; child = child->next)
-      xml_write_element(*child);
-    write(node.children.first ? "\n</" : "</");
-    write_name(node.name);
-    write(">");
-  }
-
- private:
-  static constexpr std::size_t piece_size = std::size_t{1} << 16;
-
-  void write_name(Xml_name name) {
-    write(name.word);
-    if (name.number > 0) write(int_text(name.number));
-  }
-
-  void write_attributes(const Tmxd_xml_node& node) {
-    write(" ");
-    for (const auto* item = node.attributes.first; item; item = item->next) {
-      write_name(item->name);
-      write("=\"");
-      write(item->value);
-      write("\" ");
+char* put_escaped(char* to, std::string_view text, std::size_t size) {
+  if (size == text.size()) return Text_blocks::put(to, text);
+  for (const char c : text) {
+    if (growth[static_cast<unsigned char>(c)] == 0) {
+      *to++ = c;
+    } else {
+      to = Text_blocks::put(to, entity(c));
     }
   }
+  return to;
+}
 
-  std::FILE* file_;
-  std::string buffer_;
-};
+constexpr std::size_t longest_name_number = longest_int_text;
+
+char* put_name(char* to, const Xml_name& name) {
+  to = Text_blocks::put(to, name.word);
+  return name.number > 0 ? put_int(to, name.number) : to;
+}
 
 struct Close_file {
   void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
@@ -122,38 +67,101 @@ struct Close_file {
 
 }  // namespace
 
-Tmxd_xml_node& xml_add_node(Tmxd_xml_node& parent, Xml_name name) {
-  return append(*parent.memory, parent.children, name, {});
+Xml_tree::Xml_tree(const Xml_name& root_name) {
+  text_.append("<?xml version = \"1.0\" encoding = \"windows-1251\"?>\n");
+  open(0, root_name);
 }
 
-void xml_add_string(Tmxd_xml_node& parent, Xml_name name, std::string_view text) {
-  append(*parent.memory, parent.children, name, xml_escape(*parent.memory, text));
+void Xml_tree::close_below(std::size_t level) {
+  while (open_.size() > level) {
+    const Element& element = open_.back();
+    char* to = text_.room(element.name.word.size() + longest_name_number + 4);
+    if (element.state == State::with_children) {
+      to = put_name(Text_blocks::put(to, "\n</"), element.name);
+      text_.keep(Text_blocks::put(to, ">"));
+    } else {
+      text_.keep(Text_blocks::put(to, "/>"));
+    }
+    open_.pop_back();
+  }
 }
 
-void xml_add_int(Tmxd_xml_node& parent, Xml_name name, std::int32_t value) {
-  add_plain(parent, name, int_text(value));
+void Xml_tree::begin_child(std::size_t level) {
+  close_below(level);
+  if (open_.empty() || open_.back().state == State::with_children) return;
+  open_.back().state = State::with_children;
+  text_.append(">");
 }
 
-void xml_add_double(Tmxd_xml_node& parent, Xml_name name, double value) {
-  add_plain(parent, name, double_text(value));
+void Xml_tree::open(std::size_t level, const Xml_name& name) {
+  begin_child(level);
+  char* to = text_.room(name.word.size() + longest_name_number + 2);
+  text_.keep(put_name(Text_blocks::put(to, "\n<"), name));
+  open_.push_back({name});
 }
 
-void xml_add_bool(Tmxd_xml_node& parent, Xml_name name, bool value) {
-  append(*parent.memory, parent.children, name, value ? "true" : "false");
+template <class Put>
+void Xml_tree::add_leaf(Tmxd_xml_node parent, const Xml_name& name, std::size_t most, Put put) {
+  begin_child(parent.level);
+  char* to = text_.room(2 * (name.word.size() + longest_name_number) + most + 6);
+  to = put_name(Text_blocks::put(to, "\n<"), name);
+  if (most == 0) {
+    text_.keep(Text_blocks::put(to, "/>"));
+    return;
+  }
+  to = put(Text_blocks::put(to, ">"));
+  to = put_name(Text_blocks::put(to, "</"), name);
+  text_.keep(Text_blocks::put(to, ">"));
 }
 
-void xml_add_attribute(Tmxd_xml_node& node, Xml_name name, std::string_view text) {
-  append(*node.memory, node.attributes, name, xml_escape(*node.memory, text));
+Tmxd_xml_node xml_add_node(Tmxd_xml_node parent, const Xml_name& name) {
+  parent.tree->open(parent.level, name);
+  return {parent.tree, parent.level + 1};
 }
 
-void xml_write(std::FILE* file, const Tmxd_xml_node& root) {
-  Xml_file_writer writer(file);
-  writer.write("<?xml version = \"1.0\" encoding = \"windows-1251\"?>\n");
-  writer.xml_write_element(root);
-  writer.flush();
+void xml_add_string(Tmxd_xml_node parent, const Xml_name& name, std::string_view text) {
+  const std::size_t size = escaped_size(text);
+  parent.tree->add_leaf(parent, name, size, [&](char* to) { return put_escaped(to, text, size); });
 }
 
-bool xml_save_file(const Wide_string& path, const Tmxd_xml_node& root) {
+void xml_add_int(Tmxd_xml_node parent, const Xml_name& name, std::int32_t value) {
+  parent.tree->add_leaf(parent, name, longest_int_text,
+                        [value](char* to) { return put_int(to, value); });
+}
+
+void xml_add_double(Tmxd_xml_node parent, const Xml_name& name, double value) {
+  parent.tree->add_leaf(parent, name, longest_double_text,
+                        [value](char* to) { return put_double(to, value); });
+}
+
+void xml_add_bool(Tmxd_xml_node parent, const Xml_name& name, bool value) {
+  const std::string_view text = value ? "true" : "false";
+  parent.tree->add_leaf(parent, name, text.size(),
+                        [text](char* to) { return Text_blocks::put(to, text); });
+}
+
+void xml_add_bytes(Tmxd_xml_node parent, const Xml_name& name, const Byte_run& run) {
+  const std::size_t size = run.empty() ? 0 : 3 * run.size() - 1;
+  parent.tree->add_leaf(parent, name, size, [&run](char* to) { return put_hex(to, run, " "); });
+}
+
+void xml_add_attribute(Tmxd_xml_node node, const Xml_name& name, std::string_view text) {
+  Text_blocks& out = node.tree->text_;
+  Xml_tree::Element& element = node.tree->open_.back();
+  if (element.state == Xml_tree::State::bare) out.append(" ");
+  element.state = Xml_tree::State::with_attributes;
+  const std::size_t size = escaped_size(text);
+  char* to = out.room(name.word.size() + longest_name_number + size + 4);
+  to = put_escaped(Text_blocks::put(put_name(to, name), "=\""), text, size);
+  out.keep(Text_blocks::put(to, "\" "));
+}
+
+void xml_write(std::FILE* file, Tmxd_xml_node root) {
+  root.tree->close_below(root.level - 1);
+  root.tree->text_.write(file);
+}
+
+bool xml_save_file(const Wide_string& path, Tmxd_xml_node root) {
   const std::unique_ptr<std::FILE, Close_file> file(open_text_output(path));
   if (!file) return false;
   xml_write(file.get(), root);

@@ -11,7 +11,7 @@ const Wide_string& stream_name() {
   return name;
 }
 
-void build_xml(const Tmxd_mxd& document, Tmxd_xml_node& root) {
+void build_xml(const Tmxd_mxd& document, Tmxd_xml_node root) {
   Xml_writer writer(root);
   writer.text("filename", document.filename);
   writer.integer("int1", static_cast<std::int32_t>(document.int1));

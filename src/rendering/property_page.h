@@ -19,7 +19,7 @@ class Tmxd_property_page {
   virtual const Class_id& class_id() const = 0;
   virtual std::string_view type_name() const = 0;
   virtual std::string dump_fields(int /*indent*/, int /*step*/) const { return {}; }
-  virtual void write_fields_xml(Tmxd_xml_node& /*element*/) const {}
+  virtual void write_fields_xml(Tmxd_xml_node /*element*/) const {}
   virtual bool read_fields(Tmxd_mxd_stream& /*stream*/, std::int64_t /*limit*/) { return true; }
 };
 

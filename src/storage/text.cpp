@@ -24,16 +24,22 @@ std::string_view until_nul(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 
-std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator) {
+char* put_hex(char* to, const Byte_run& bytes, std::string_view separator) {
   static constexpr std::string_view digits = "0123456789ABCDEF";
+  bool first = true;
+  for (const std::uint8_t byte : bytes) {
+    if (!first) to = std::copy(separator.begin(), separator.end(), to);
+    first = false;
+    *to++ = digits[byte >> 4];
+    *to++ = digits[byte & 15];
+  }
+  return to;
+}
+
+std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator) {
   if (bytes.empty()) return {};
   std::string text(bytes.size() * 2 + (bytes.size() - 1) * separator.size(), '\0');
-  auto out = text.begin();
-  for (const std::uint8_t byte : bytes) {
-    if (out != text.begin()) out = std::copy(separator.begin(), separator.end(), out);
-    *out++ = digits[byte >> 4];
-    *out++ = digits[byte & 15];
-  }
+  put_hex(text.data(), bytes, separator);
   return text;
 }
 

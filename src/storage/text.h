@@ -30,5 +30,7 @@ std::string_view until_nul(std::string_view text);
 
 // "00 1A FF": two upper-case digits a byte, the separator between them.
 std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator);
+// The same to where there is room for it; what follows the text is returned.
+char* put_hex(char* to, const Byte_run& bytes, std::string_view separator);
 
 }  // namespace mxd

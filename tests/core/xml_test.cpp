@@ -15,14 +15,14 @@ namespace {
 
 TEST(Xml, the_file_has_its_own_layout) {
   Xml_tree tree("mxd_mxd");
-  Tmxd_xml_node& list = xml_add_node(tree.root(), "maps");
+  const Tmxd_xml_node list = xml_add_node(tree.root(), "maps");
   xml_add_string(list, Xml_name("map_", 1), "<a> & 'b' \"c\"\x01\xE9");
   xml_add_string(list, "empty", "");
   xml_add_int(list, "zero", 0);
   xml_add_int(list, "least", std::numeric_limits<std::int32_t>::min());
   xml_add_double(list, "real", 1234567);
   xml_add_bool(list, "yes", true);
-  Tmxd_xml_node& with_attributes = xml_add_node(list, "a");
+  const Tmxd_xml_node with_attributes = xml_add_node(list, "a");
   xml_add_attribute(with_attributes, "one", "1");
   xml_add_attribute(with_attributes, "two", "<");
   xml_add_node(tree.root(), "bare");
@@ -37,8 +37,9 @@ TEST(Xml, the_file_has_its_own_layout) {
 }
 
 TEST(Xml, a_file_that_cannot_be_opened_fails) {
-  EXPECT_FALSE(xml_save_file(widen("no such folder/file.xml"), Xml_tree("root").root()));
-  EXPECT_FALSE(xml_save_file(widen("."), Xml_tree("root").root()));
+  Xml_tree tree("root");
+  EXPECT_FALSE(xml_save_file(widen("no such folder/file.xml"), tree.root()));
+  EXPECT_FALSE(xml_save_file(widen("."), tree.root()));
 }
 
 TEST(Numbers, read_the_same_in_every_locale) {
