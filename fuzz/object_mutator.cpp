@@ -18,10 +18,9 @@ constexpr std::size_t reference_size = guid_size + 4;
 std::vector<std::size_t> object_places(const Stream& bytes) {
   static const Class_id_filter filter(all_class_ids());
   std::vector<std::size_t> places;
-  for (const auto& of_class : filter.positions(bytes)) {
-    for (const std::int64_t place : of_class) places.push_back(static_cast<std::size_t>(place));
+  for (const Class_id_place& place : filter.places(bytes)) {
+    places.push_back(static_cast<std::size_t>(place.position));
   }
-  std::sort(places.begin(), places.end());
   return places;
 }
 

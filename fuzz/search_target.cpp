@@ -16,7 +16,7 @@ std::int64_t position(const std::uint8_t* data) {
 
 // Known ids, and ids made of the input's own bytes, which overlap and share words.
 std::vector<Guid> ids(const std::uint8_t* choice, std::span<const std::uint8_t> bytes) {
-  const auto known = known_class_ids().class_ids();
+  const auto known = known_class_ids().table().class_ids();
   std::vector<Guid> result;
   for (std::size_t i = 0; i < 4; ++i) {
     result.push_back(known[choice[i] % known.size()]);

@@ -1,7 +1,8 @@
 // Class-id search: where in a stream the ids of known classes stand, at any byte offset.
 //
 // Objects are found by searching, many times a load and over the same bytes. So one pass collects
-// the places of all known ids, and every search is answered from these.
+// the places of all known ids, and every search is answered from these: from the next few places,
+// where most searches end, or else from the places of each candidate.
 #pragma once
 
 #include <cstdint>
@@ -31,31 +32,61 @@ struct Class_id_hits {
   std::vector<Class_id_hit> hits;
 };
 
+// Where an id of a filter stands.
+struct Class_id_place {
+  std::int64_t position;
+  std::uint32_t class_index;
+};
+
+// A set of ids, each with an index.
+class Class_id_table {
+ public:
+  explicit Class_id_table(std::vector<Guid> class_ids);
+
+  // Ascending, each once.
+  std::span<const Guid> class_ids() const { return class_ids_; }
+  // Of an id as streams store it.
+  std::optional<std::uint32_t> index_of_stored(const Guid& stored) const;
+
+ private:
+  static constexpr std::uint32_t empty_slot = 0xFFFFFFFF;
+  std::size_t slot_of(const Guid& stored) const;
+
+  std::vector<Guid> class_ids_;
+  std::vector<Guid> stored_ids_;
+  std::vector<std::uint32_t> slots_;
+};
+
 // What one pass needs to know about a set of ids; made once, used for every stream.
 class Class_id_filter {
  public:
   explicit Class_id_filter(std::vector<Guid> class_ids);
 
-  std::span<const Guid> class_ids() const { return class_ids_; }
+  const Class_id_table& table() const { return table_; }
 
-  // The ids' positions, ascending: one list per id, in the order of class_ids().
-  std::vector<std::vector<std::int64_t>> positions(std::span<const std::uint8_t> bytes) const;
+  // All places of all ids, ascending.
+  std::vector<Class_id_place> places(std::span<const std::uint8_t> bytes) const;
 
  private:
-  // An id covers one whole 8-byte word of the stream's grid first, at one of eight offsets.
+  // The pass looks at words that lie as far apart as it takes to meet every id once: with this
+  // word, at this offset inside the id.
   struct Word {
-    std::uint64_t value;
+    std::uint32_t value;
     std::uint32_t offset;
-    std::uint32_t class_index;
+
+    bool operator==(const Word&) const = default;
   };
 
-  bool stands_at(std::span<const std::uint8_t> bytes, std::uint64_t position,
-                 std::uint32_t class_index) const;
+  void add_places(std::span<const std::uint8_t> bytes, std::uint64_t word_position,
+                  std::vector<Class_id_place>& places) const;
+  std::optional<std::uint32_t> class_at(std::span<const std::uint8_t> bytes,
+                                        std::uint64_t position) const;
 
-  std::vector<Guid> class_ids_;
-  std::vector<Guid> stored_ids_;
+  Class_id_table table_;
+  // In the order of their buckets, each of which begins here.
   std::vector<Word> words_;
-  std::vector<std::uint8_t> bitmap_;
+  std::vector<std::size_t> buckets_;
+  std::vector<std::uint8_t> known_hashes_;
 };
 
 class Class_id_index {
@@ -73,11 +104,16 @@ class Class_id_index {
  private:
   struct Stretch;
   Stretch stretch(std::int64_t start, std::int64_t limit) const;
+  std::optional<Class_id_hit> first_hit(std::span<const Guid> candidates,
+                                        const Stretch& searched) const;
   std::span<const std::int64_t> positions_of(const Guid& class_id) const;
 
   const Class_id_filter* filter_;
   std::int64_t size_;
-  std::vector<std::vector<std::int64_t>> positions_;
+  std::vector<Class_id_place> places_;
+  // The positions once more, class by class: those of class c end where those of c + 1 begin.
+  std::vector<std::int64_t> positions_;
+  std::vector<std::size_t> class_starts_;
 };
 
 }  // namespace mxd

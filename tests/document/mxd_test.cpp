@@ -83,7 +83,7 @@ TEST(Document, no_file_that_breaks_off_does_harm_on_disk_or_in_memory) {
 }
 
 TEST(Document, knows_the_ids_of_every_family) {
-  const auto known = known_class_ids().class_ids();
+  const auto known = known_class_ids().table().class_ids();
   EXPECT_NE(known.end(), std::find(known.begin(), known.end(), Tmxd_map::clsid.guid));
   for (const Object_family* family :
        {&map_family(), &layer_family(), &Coordinate_system_kind::family(),
