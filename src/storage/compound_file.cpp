@@ -292,7 +292,7 @@ bool Tmxd_compound_file::copy(const Directory_entry& entry, Tmxd_stream_m& out) 
     offsets = regular ? regular_offsets(entry.first_sector, length)
                       : mini_offsets(entry.first_sector, length);
   }
-  if (!out.set_size(offsets.size() * piece) || !out.seek(0)) return false;
+  if (!out.set_size_to_overwrite(offsets.size() * piece) || !out.seek(0)) return false;
   const std::uint64_t arrived = file_.read(offsets, piece, out.bytes()) * piece;
   return out.set_size(std::min(arrived, length));
 }

@@ -38,6 +38,8 @@ class Native_file {
  private:
   static constexpr std::intptr_t closed = -1;
   std::intptr_t handle_ = closed;
+  // Where the system can read at a position, moving there costs no call to it.
+  std::uint64_t position_ = 0;
 };
 
 void sleep_one_millisecond();

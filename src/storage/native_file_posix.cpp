@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <limits>
 #include <new>
 #include <string>
 #include <thread>
@@ -50,13 +51,16 @@ bool is_locked_against(int descriptor, bool write_access) {
 
 // Moves whole runs of bytes, since one call may do less than it was asked to.
 template <typename Byte, typename Call>
-std::optional<std::uint32_t> transfer(Byte* bytes, std::uint32_t size, Call call) {
+std::optional<std::uint32_t> transfer(Byte* bytes, std::uint32_t size, std::uint64_t& position,
+                                      Call call) {
   std::uint32_t done = 0;
   while (done < size) {
-    const ssize_t moved = retry_interrupted([&] { return call(bytes + done, size - done); });
+    const ssize_t moved = retry_interrupted(
+        [&] { return call(bytes + done, size - done, static_cast<off_t>(position)); });
     if (moved < 0) return std::nullopt;
     if (moved == 0) break;
     done += static_cast<std::uint32_t>(moved);
+    position += static_cast<std::uint64_t>(moved);
   }
   return done;
 }
@@ -77,6 +81,7 @@ Open_result Native_file::open(const Wide_string& path, File_access access, File_
     return errno == EWOULDBLOCK ? Open_result::sharing_violation : Open_result::failed;
   }
   handle_ = descriptor;
+  position_ = 0;
   if (!is_regular(descriptor)) {
     close();
     return Open_result::failed;
@@ -101,32 +106,38 @@ bool Native_file::close() {
 }
 
 std::optional<std::uint64_t> Native_file::seek(std::int64_t distance, Seek_origin origin) {
-  const int whence = origin == Seek_origin::begin     ? SEEK_SET
-                     : origin == Seek_origin::current ? SEEK_CUR
-                                                      : SEEK_END;
-  const off_t position = ::lseek(descriptor_of(handle_), distance, whence);
-  if (position < 0) return std::nullopt;
-  return static_cast<std::uint64_t>(position);
+  if (handle_ == closed) return std::nullopt;
+  std::int64_t base = 0;
+  if (origin == Seek_origin::current) base = static_cast<std::int64_t>(position_);
+  if (origin == Seek_origin::end) {
+    struct stat status;
+    if (::fstat(descriptor_of(handle_), &status) != 0) return std::nullopt;
+    base = status.st_size;
+  }
+  if (distance > std::numeric_limits<std::int64_t>::max() - base || base + distance < 0) {
+    return std::nullopt;
+  }
+  position_ = static_cast<std::uint64_t>(base + distance);
+  return position_;
 }
 
 std::optional<std::uint32_t> Native_file::read(void* buffer, std::uint32_t size) {
-  return transfer(static_cast<char*>(buffer), size, [this](char* to, std::uint32_t n) {
-    return ::read(descriptor_of(handle_), to, n);
-  });
+  return transfer(static_cast<char*>(buffer), size, position_,
+                  [this](char* to, std::uint32_t n, off_t at) {
+                    return ::pread(descriptor_of(handle_), to, n, at);
+                  });
 }
 
 std::optional<std::uint32_t> Native_file::write(const void* buffer, std::uint32_t size) {
-  return transfer(static_cast<const char*>(buffer), size,
-                  [this](const char* from, std::uint32_t n) {
-                    return ::write(descriptor_of(handle_), from, n);
+  return transfer(static_cast<const char*>(buffer), size, position_,
+                  [this](const char* from, std::uint32_t n, off_t at) {
+                    return ::pwrite(descriptor_of(handle_), from, n, at);
                   });
 }
 
 bool Native_file::set_end() {
-  const int descriptor = descriptor_of(handle_);
-  const off_t position = ::lseek(descriptor, 0, SEEK_CUR);
-  if (position < 0) return false;
-  return retry_interrupted([&] { return ::ftruncate(descriptor, position); }) == 0;
+  const auto end = static_cast<off_t>(position_);
+  return retry_interrupted([&] { return ::ftruncate(descriptor_of(handle_), end); }) == 0;
 }
 
 void sleep_one_millisecond() {

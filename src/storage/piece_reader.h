@@ -23,12 +23,23 @@ class Piece_reader {
   bool in_file(std::int64_t offset, std::size_t length) const;
 
   // Reads the pieces one after another into `to`, up to the first that cannot be read whole; how
-  // many arrived. Pieces that follow each other in the file are read with one call.
+  // many arrived. Pieces that follow each other in the file, or lie close together, are read with
+  // one call.
   std::size_t read(std::span<const std::int64_t> offsets, std::size_t piece,
                    std::span<std::uint8_t> to);
 
  private:
-  std::size_t read_run(std::int64_t offset, std::size_t piece, std::span<std::uint8_t> to);
+  // A call to the system costs as much as some thousand bytes; the bytes that are read for each
+  // wanted one are bounded, so that no file makes this dear.
+  static constexpr std::int64_t window_size = 16384;
+  static constexpr std::int64_t most_per_byte = 8;
+
+  std::size_t pieces_in_a_row(std::span<const std::int64_t> offsets, std::size_t piece) const;
+  std::size_t pieces_in_window(std::span<const std::int64_t> offsets, std::size_t piece) const;
+  std::size_t read_window(std::span<const std::int64_t> offsets, std::size_t piece,
+                          std::span<std::uint8_t> to);
+  // How many bytes arrived.
+  std::size_t read_bytes(std::int64_t offset, std::span<std::uint8_t> to);
 
   Tmxd_stream& stream_;
   std::uint64_t file_size_;
