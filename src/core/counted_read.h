@@ -5,15 +5,15 @@
 
 namespace mxd {
 
-template <Stored_number... T>
-bool read_numbers(Tmxd_ieee_stream& stream, T&... out) {
+template <std::derived_from<Tmxd_ieee_stream> Stream, Stored_number... T>
+bool read_numbers(Stream& stream, T&... out) {
   return (read_number(stream, out) && ...);
 }
 
 // int32 count, then that many items; a negative count is none. What the count claims is believed
 // item by item only, up to the first that cannot be read.
-template <class Read_item>
-bool read_counted(Tmxd_ieee_stream& stream, Read_item read_item) {
+template <std::derived_from<Tmxd_ieee_stream> Stream, class Read_item>
+bool read_counted(Stream& stream, Read_item read_item) {
   std::int32_t count = 0;
   if (!read_number(stream, count)) return false;
   for (std::int32_t i = 0; i < count; ++i) {

@@ -8,11 +8,6 @@ Tmxd_mxd_stream::Tmxd_mxd_stream(Tmxd_stream_m& inner, const Class_id_filter& kn
                                  Error_sink& errors)
     : inner_(inner), index_(known_ids, inner.bytes()), errors_(errors), budget_(inner.get_size()) {}
 
-bool Tmxd_mxd_stream::read(void* buffer, std::uint64_t element_size, std::uint64_t count) {
-  if (budget_.exhausted() || !inner_.read(buffer, element_size, count)) return false;
-  return budget_.spend(element_size * count);
-}
-
 std::int64_t Tmxd_mxd_stream::search_start(std::int64_t start) {
   return start < 0 ? static_cast<std::int64_t>(tell()) : start;
 }

@@ -32,7 +32,10 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
   std::uint64_t get_size() override { return inner_.get_size(); }
   bool seek(std::uint64_t position) override { return inner_.seek(position); }
   std::uint64_t tell() override { return inner_.tell(); }
-  bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override;
+  bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return !budget_.exhausted() && inner_.read(buffer, element_size, count) &&
+           budget_.spend(element_size * count);
+  }
   bool write(const void* buffer, std::uint64_t element_size, std::uint64_t count) override {
     return inner_.write(buffer, element_size, count);
   }

@@ -1,8 +1,10 @@
 // The objects of one load by their number, for the back-references to them.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <memory>
 
 namespace mxd {
 
@@ -19,17 +21,23 @@ struct Registered_object {
 class Object_registry {
  public:
   void add(std::uint16_t number, const Registered_object& entry) {
-    by_number_.try_emplace(number, entry);
+    std::unique_ptr<Page>& page = pages_[number / page_size];
+    if (!page) page = std::make_unique<Page>();
+    Registered_object& place = (*page)[number % page_size];
+    if (!place.object) place = entry;
   }
 
   Registered_object* find(std::uint16_t number) {
-    const auto found = by_number_.find(number);
-    return found == by_number_.end() ? nullptr : &found->second;
+    const std::unique_ptr<Page>& page = pages_[number / page_size];
+    if (!page || !(*page)[number % page_size].object) return nullptr;
+    return &(*page)[number % page_size];
   }
 
  private:
-  // A table of all numbers would cost megabytes as soon as one is high.
-  std::unordered_map<std::uint16_t, Registered_object> by_number_;
+  // Numbers ascend from 1 on in most documents, so that few pages are made.
+  static constexpr std::size_t page_size = 256;
+  using Page = std::array<Registered_object, page_size>;
+  std::array<std::unique_ptr<Page>, (std::size_t{1} << 16) / page_size> pages_;
 };
 
 }  // namespace mxd

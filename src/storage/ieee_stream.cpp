@@ -8,7 +8,8 @@ namespace {
 
 // One block where the stream holds it all. Where it does not, whole units are taken for as long as
 // there are any, so that the position ends behind the last one, and the rest stays as it was.
-bool read_units(Tmxd_ieee_stream& stream, std::span<std::uint8_t> bytes, std::size_t unit) {
+template <class Byte>
+bool read_units(Tmxd_ieee_stream& stream, std::span<Byte> bytes, std::size_t unit) {
   if (stream.read(bytes.data(), unit, bytes.size() / unit)) return true;
   for (; !bytes.empty(); bytes = bytes.subspan(unit)) {
     if (!stream.read(bytes.data(), unit, 1)) return false;
@@ -17,10 +18,8 @@ bool read_units(Tmxd_ieee_stream& stream, std::span<std::uint8_t> bytes, std::si
 }
 
 bool read_characters(Tmxd_ieee_stream& stream, std::size_t count, std::string& out) {
-  Byte_run bytes(count);
-  const bool ok = count == 0 || read_units(stream, bytes, 1);
-  out.assign(bytes.begin(), bytes.end());
-  return ok;
+  out.assign(count, '\0');
+  return count == 0 || read_units(stream, std::span(out), 1);
 }
 
 }  // namespace
@@ -54,7 +53,7 @@ bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out) {
   out.clear();
   if (n < 1) return true;
   out.resize(static_cast<std::size_t>(n));
-  return read_units(stream, out, 1);
+  return read_units(stream, std::span(out), 1);
 }
 
 bool read_short_string(Tmxd_ieee_stream& stream, std::string& out) {
@@ -63,16 +62,10 @@ bool read_short_string(Tmxd_ieee_stream& stream, std::string& out) {
   return read_number(stream, count) && read_characters(stream, count, out);
 }
 
-bool read_guid(Tmxd_ieee_stream& stream, Guid& out) {
-  Guid stored;
-  if (!read_units(stream, stored.bytes, 1)) return false;
-  out = guid_reordered(stored);
-  return true;
-}
-
-bool read_class_id(Tmxd_ieee_stream& stream, const Guid& expected) {
-  Guid found;
-  return read_guid(stream, found) && found == expected;
+bool skip_broken_guid(Tmxd_ieee_stream& stream) {
+  std::uint8_t byte = 0;
+  while (read_number(stream, byte)) continue;
+  return false;
 }
 
 bool read_symbol_trailer(Tmxd_ieee_stream& stream) {

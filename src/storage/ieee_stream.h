@@ -24,8 +24,9 @@ inline constexpr std::int32_t longest_string = 9999;
 template <class T>
 concept Stored_number = std::integral<T> || std::same_as<T, double>;
 
-template <Stored_number T>
-bool read_number(Tmxd_ieee_stream& stream, T& out) {
+// The stream's own class is kept here and below, so that a number costs no virtual call.
+template <std::derived_from<Tmxd_ieee_stream> Stream, Stored_number T>
+bool read_number(Stream& stream, T& out) {
   std::array<std::uint8_t, sizeof(T)> stored;
   if (!stream.read(stored.data(), sizeof(T), 1)) return false;
   std::uint64_t bits = 0;
@@ -50,10 +51,23 @@ bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out);
 // One byte of length, then that many bytes.
 bool read_short_string(Tmxd_ieee_stream& stream, std::string& out);
 
-bool read_guid(Tmxd_ieee_stream& stream, Guid& out);
+// A GUID that breaks off is consumed up to the end of the stream.
+bool skip_broken_guid(Tmxd_ieee_stream& stream);
+
+template <std::derived_from<Tmxd_ieee_stream> Stream>
+bool read_guid(Stream& stream, Guid& out) {
+  Guid stored;
+  if (!stream.read(stored.bytes.data(), 1, stored.bytes.size())) return skip_broken_guid(stream);
+  out = guid_reordered(stored);
+  return true;
+}
 
 // A GUID that must be this one.
-bool read_class_id(Tmxd_ieee_stream& stream, const Guid& expected);
+template <std::derived_from<Tmxd_ieee_stream> Stream>
+bool read_class_id(Stream& stream, const Guid& expected) {
+  Guid found;
+  return read_guid(stream, found) && found == expected;
+}
 
 // Two uint32 of which the first must be 13.
 bool read_symbol_trailer(Tmxd_ieee_stream& stream);
