@@ -1,0 +1,25 @@
+// load_once DOCUMENT: loads it between two marks on standard error, the second with the nanoseconds
+// that this took.
+#include <chrono>
+#include <cstdio>
+
+#include "storage/native_path.h"
+#include "vqk_file_mxd.h"
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  const mxd::Wide_string path = mxd::path_from_bytes(argv[1]);
+  vq_mxd_mxd* document = vq_mxd_mxd_create();
+  // Whatever the stream of the error lines does at first, it has done then.
+  std::puts("");
+  std::fflush(stdout);
+  std::fputs("load\n", stderr);
+  const auto start = std::chrono::steady_clock::now();
+  const bool ok = vq_mxd_mxd_load(document, path.c_str()) != 0;
+  const auto time = std::chrono::steady_clock::now() - start;
+  std::fprintf(
+      stderr, "done %lld\n",
+      static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()));
+  vq_mxd_mxd_destroy(document);
+  return ok ? 0 : 1;
+}
