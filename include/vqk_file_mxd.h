@@ -72,8 +72,7 @@ typedef uint_least16_t vq_mxd_char;
 extern "C" {
 #endif
 
-/** @name Handles
-    @{ */
+/** @name Handles */ /** @{ */
 
 /** A document. */
 typedef struct vq_mxd_mxd vq_mxd_mxd;
@@ -164,11 +163,9 @@ typedef struct vq_mxd_fill_symbols vq_mxd_fill_symbols;
 
 /** An object handle as what the functions common to all objects take. */
 #define VQ_MXD_OBJ(handle) ((const vq_mxd_obj*)(handle))
-
 /** @} */
 
-/** @name Document
-    @{ */
+/** @name Document */ /** @{ */
 
 /** A new, empty document, owned by the caller; null only when memory runs out. */
 VQ_MXD_API vq_mxd_mxd* vq_mxd_mxd_create(void);
@@ -192,11 +189,9 @@ VQ_MXD_API int64_t vq_mxd_maps_get_size(const vq_mxd_maps* maps);
 
 /** The map at the index, which must be from 0 to the size less 1: it is not checked. */
 VQ_MXD_API const vq_mxd_map* vq_mxd_maps_get(const vq_mxd_maps* maps, int32_t index);
-
 /** @} */
 
-/** @name Any object
-    @{ */
+/** @name Any object */ /** @{ */
 
 /** 1, or 0 for a member object that the document did not hold. Of what a reference repeats, the
    members always answer 1. */
@@ -212,11 +207,9 @@ VQ_MXD_API unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object);
 /** The name of the object's class, such as "mxd_simple_line_symbol". Valid until the next call for
    the same object. */
 VQ_MXD_API const char* vq_mxd_obj_get_type_str(const vq_mxd_obj* object);
-
 /** @} */
 
-/** @name Map
-    @{ */
+/** @name Map */ /** @{ */
 
 /** The map's name. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_map_get_name(const vq_mxd_map* map);
@@ -226,30 +219,24 @@ VQ_MXD_API const vq_mxd_layers* vq_mxd_map_get_layers(const vq_mxd_map* map);
 
 /** The coordinate system that the map is shown in, or null. */
 VQ_MXD_API const vq_mxd_coordinate_system* vq_mxd_map_get_coordinate_system(const vq_mxd_map* map);
-
 /** @} */
 
-/** @name Coordinate system
-    @{ */
+/** @name Coordinate system */ /** @{ */
 
 /** The coordinate system as well-known text, 8-bit as stored; empty for an unknown one. */
 VQ_MXD_API const char* vq_mxd_coordinate_system_get_wkt(const vq_mxd_coordinate_system* system);
-
 /** @} */
 
-/** @name Layers
-    @{ */
+/** @name Layers */ /** @{ */
 
 /** The number of layers. */
 VQ_MXD_API int64_t vq_mxd_layers_get_size(const vq_mxd_layers* layers);
 
 /** The layer at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_layer* vq_mxd_layers_get(const vq_mxd_layers* layers, int32_t index);
-
 /** @} */
 
-/** @name Any layer
-    @{ */
+/** @name Any layer */ /** @{ */
 
 /** The layer as a group layer, or null. */
 VQ_MXD_API const vq_mxd_group_layer* vq_mxd_layer_cast_group_layer(const vq_mxd_layer* layer);
@@ -271,19 +258,15 @@ VQ_MXD_API double vq_mxd_layer_get_min_scale(const vq_mxd_layer* layer);
 
 /** The denominator of the largest scale at which a feature layer is drawn; 0 is no limit. */
 VQ_MXD_API double vq_mxd_layer_get_max_scale(const vq_mxd_layer* layer);
-
 /** @} */
 
-/** @name Group layer
-    @{ */
+/** @name Group layer */ /** @{ */
 
 /** How many layers the group holds. They follow it in the map's list. */
 VQ_MXD_API uint32_t vq_mxd_group_layer_get_layer_count(const vq_mxd_group_layer* layer);
-
 /** @} */
 
-/** @name Feature layer
-    @{ */
+/** @name Feature layer */ /** @{ */
 
 /** The name of the layer's feature class, or null. */
 VQ_MXD_API const vq_mxd_basic_feature_class_name* vq_mxd_feature_layer_get_basic_feature_class_name(
@@ -300,11 +283,9 @@ VQ_MXD_API const vq_mxd_renderer* vq_mxd_feature_layer_get_renderer(
 /** The coordinate system of the data, or null. */
 VQ_MXD_API const vq_mxd_coordinate_system* vq_mxd_feature_layer_get_coordinate_system(
     const vq_mxd_feature_layer* layer);
-
 /** @} */
 
-/** @name Feature class name
-    @{ */
+/** @name Feature class name */ /** @{ */
 
 /** The feature class's name. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_name(
@@ -321,19 +302,15 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_type_name2(
 /** The number of the geometry's type, as stored. */
 VQ_MXD_API uint32_t
 vq_mxd_basic_feature_class_name_get_geom_type(const vq_mxd_basic_feature_class_name* name);
-
 /** @} */
 
-/** @name Workspace name
-    @{ */
+/** @name Workspace name */ /** @{ */
 
 /** The workspace's name: a path, or what the database connection is known by. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_workspace_name_get_name(const vq_mxd_workspace_name* name);
-
 /** @} */
 
-/** @name Any renderer
-    @{ */
+/** @name Any renderer */ /** @{ */
 
 /** The renderer as a simple renderer, or null. */
 VQ_MXD_API const vq_mxd_simple_renderer* vq_mxd_renderer_cast_simple_renderer(
@@ -346,11 +323,9 @@ VQ_MXD_API const vq_mxd_unique_value_renderer* vq_mxd_renderer_cast_unique_value
 /** The renderer as a class breaks renderer, or null. */
 VQ_MXD_API const vq_mxd_class_breaks_renderer* vq_mxd_renderer_cast_class_breaks_renderer(
     const vq_mxd_renderer* renderer);
-
 /** @} */
 
-/** @name Simple renderer
-    @{ */
+/** @name Simple renderer */ /** @{ */
 
 /** The symbol of all features, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_simple_renderer_get_symbol(
@@ -359,11 +334,9 @@ VQ_MXD_API const vq_mxd_symbol* vq_mxd_simple_renderer_get_symbol(
 /** The legend; never null. */
 VQ_MXD_API const vq_mxd_legend_group* vq_mxd_simple_renderer_get_legend_group(
     const vq_mxd_simple_renderer* renderer);
-
 /** @} */
 
-/** @name Unique value renderer
-    @{ */
+/** @name Unique value renderer */ /** @{ */
 
 /** How many attribute fields make up a value, as stored. */
 VQ_MXD_API uint32_t
@@ -396,11 +369,9 @@ VQ_MXD_API const vq_mxd_legend_group* vq_mxd_unique_value_renderer_get_main_leg_
 /** The values; never null. */
 VQ_MXD_API const vq_mxd_unique_values* vq_mxd_unique_value_renderer_get_unique_values(
     const vq_mxd_unique_value_renderer* renderer);
-
 /** @} */
 
-/** @name List of unique values
-    @{ */
+/** @name List of unique values */ /** @{ */
 
 /** The number of values. */
 VQ_MXD_API int64_t vq_mxd_unique_values_get_size(const vq_mxd_unique_values* values);
@@ -408,11 +379,9 @@ VQ_MXD_API int64_t vq_mxd_unique_values_get_size(const vq_mxd_unique_values* val
 /** The value at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_unique_value* vq_mxd_unique_values_get(const vq_mxd_unique_values* values,
                                                                int32_t index);
-
 /** @} */
 
-/** @name Unique value
-    @{ */
+/** @name Unique value */ /** @{ */
 
 /** The value as text; values of several fields are joined as the document holds them. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_unique_value_get_str(const vq_mxd_unique_value* value);
@@ -425,11 +394,9 @@ VQ_MXD_API uint32_t vq_mxd_unique_value_get_int2(const vq_mxd_unique_value* valu
 
 /** A number that is kept as stored. */
 VQ_MXD_API uint32_t vq_mxd_unique_value_get_int3(const vq_mxd_unique_value* value);
-
 /** @} */
 
-/** @name Class breaks renderer
-    @{ */
+/** @name Class breaks renderer */ /** @{ */
 
 /** The name of the field whose value is classified. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_class_breaks_renderer_get_propname(
@@ -442,11 +409,9 @@ VQ_MXD_API const vq_mxd_ranges* vq_mxd_class_breaks_renderer_get_ranges(
 /** The legend, a class for each range; never null. */
 VQ_MXD_API const vq_mxd_legend_group* vq_mxd_class_breaks_renderer_get_main_leg_grp(
     const vq_mxd_class_breaks_renderer* renderer);
-
 /** @} */
 
-/** @name Ranges
-    @{ */
+/** @name Ranges */ /** @{ */
 
 /** The number of ranges. */
 VQ_MXD_API int32_t vq_mxd_ranges_get_size(const vq_mxd_ranges* ranges);
@@ -456,11 +421,9 @@ VQ_MXD_API double vq_mxd_ranges_get_min_bnd(const vq_mxd_ranges* ranges, int32_t
 
 /** The upper bound of the range at the index, or 0.0 for an index outside. */
 VQ_MXD_API double vq_mxd_ranges_get_max_bnd(const vq_mxd_ranges* ranges, int32_t index);
-
 /** @} */
 
-/** @name Legend group
-    @{ */
+/** @name Legend group */ /** @{ */
 
 /** The group's heading. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_legend_group_get_label(const vq_mxd_legend_group* group);
@@ -471,11 +434,9 @@ VQ_MXD_API int64_t vq_mxd_legend_group_get_size(const vq_mxd_legend_group* group
 /** The legend class at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_legend_class* vq_mxd_legend_group_get(const vq_mxd_legend_group* group,
                                                               int32_t index);
-
 /** @} */
 
-/** @name Legend class
-    @{ */
+/** @name Legend class */ /** @{ */
 
 /** The text beside the symbol. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_legend_class_get_label(
@@ -484,11 +445,9 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_legend_class_get_label(
 /** The symbol, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_legend_class_get_symbol(
     const vq_mxd_legend_class* legend_class);
-
 /** @} */
 
-/** @name Any symbol
-    @{ */
+/** @name Any symbol */ /** @{ */
 
 /** The symbol as a character marker symbol, or null. */
 VQ_MXD_API const vq_mxd_char_marker_symbol* vq_mxd_symbol_cast_char_marker(
@@ -544,11 +503,9 @@ VQ_MXD_API uint8_t vq_mxd_symbol_get_locked(const vq_mxd_symbol* symbol);
 
 /** The tag that a multilayer symbol gives the symbol as a layer. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_symbol_get_tag(const vq_mxd_symbol* symbol);
-
 /** @} */
 
-/** @name Color
-    @{ */
+/** @name Color */ /** @{ */
 
 /** 1 when the color is dithered, else 0. */
 VQ_MXD_API int vq_mxd_color_get_dither_flag(const vq_mxd_color* color);
@@ -560,11 +517,9 @@ VQ_MXD_API int vq_mxd_color_get_no_use_flag(const vq_mxd_color* color);
    colors, for which it is the blue value: it is no measure of success. */
 VQ_MXD_API int vq_mxd_color_get_rgb(const vq_mxd_color* color, uint8_t* red, uint8_t* green,
                                     uint8_t* blue);
-
 /** @} */
 
-/** @name Font of a character marker
-    @{ */
+/** @name Font of a character marker */ /** @{ */
 
 /** The face name, 8-bit as stored. */
 VQ_MXD_API const char* vq_mxd_font_get_font_name(const vq_mxd_font* font);
@@ -586,11 +541,9 @@ VQ_MXD_API int vq_mxd_font_get_underline(const vq_mxd_font* font);
 
 /** 1 for a struck out font, else 0. */
 VQ_MXD_API int vq_mxd_font_get_strikethrough(const vq_mxd_font* font);
-
 /** @} */
 
-/** @name Character marker
-    @{ */
+/** @name Character marker */ /** @{ */
 
 /** The code of the character that is drawn. */
 VQ_MXD_API uint32_t vq_mxd_char_marker_symbol_get_unicode(const vq_mxd_char_marker_symbol* symbol);
@@ -618,11 +571,9 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_char_marker_symbol_get_font_name(
 /** The font record; never null, with size 0 where the document held none. */
 VQ_MXD_API const vq_mxd_font* vq_mxd_char_marker_symbol_get_font(
     const vq_mxd_char_marker_symbol* symbol);
-
 /** @} */
 
-/** @name Simple marker
-    @{ */
+/** @name Simple marker */ /** @{ */
 
 /** The shape: 0 circle, 1 square, 2 cross, 3 X, 4 diamond. */
 VQ_MXD_API uint32_t
@@ -657,20 +608,16 @@ VQ_MXD_API double vq_mxd_simple_marker_symbol_get_outline_width(
 /** The color of the outline, or null. */
 VQ_MXD_API const vq_mxd_color* vq_mxd_simple_marker_symbol_get_outline_color(
     const vq_mxd_simple_marker_symbol* symbol);
-
 /** @} */
 
-/** @name Multilayer marker
-    @{ */
+/** @name Multilayer marker */ /** @{ */
 
 /** The layers, the first drawn on top; never null. */
 VQ_MXD_API const vq_mxd_marker_symbols* vq_mxd_multilayer_marker_symbol_get_marker_symbols(
     const vq_mxd_multilayer_marker_symbol* symbol);
-
 /** @} */
 
-/** @name List of marker symbols
-    @{ */
+/** @name List of marker symbols */ /** @{ */
 
 /** The number of marker symbols. */
 VQ_MXD_API int64_t vq_mxd_marker_symbols_get_size(const vq_mxd_marker_symbols* symbols);
@@ -678,11 +625,9 @@ VQ_MXD_API int64_t vq_mxd_marker_symbols_get_size(const vq_mxd_marker_symbols* s
 /** The marker symbol at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_marker_symbols_get(const vq_mxd_marker_symbols* symbols,
                                                           int32_t index);
-
 /** @} */
 
-/** @name Line template
-    @{ */
+/** @name Line template */ /** @{ */
 
 /** The length of a square in points. */
 VQ_MXD_API double vq_mxd_line_template_get_pattern_interval(
@@ -694,11 +639,9 @@ VQ_MXD_API int64_t vq_mxd_line_template_get_size(const vq_mxd_line_template* lin
 /** The item at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_line_template_item* vq_mxd_line_template_get(
     const vq_mxd_line_template* line_template, int32_t index);
-
 /** @} */
 
-/** @name Line template item
-    @{ */
+/** @name Line template item */ /** @{ */
 
 /** How many squares are drawn. */
 VQ_MXD_API double vq_mxd_line_template_item_get_filled_squares(
@@ -707,11 +650,9 @@ VQ_MXD_API double vq_mxd_line_template_item_get_filled_squares(
 /** How many squares are then left blank. */
 VQ_MXD_API double vq_mxd_line_template_item_get_empty_squares(
     const vq_mxd_line_template_item* item);
-
 /** @} */
 
-/** @name Simple line
-    @{ */
+/** @name Simple line */ /** @{ */
 
 /** The color, or null. */
 VQ_MXD_API const vq_mxd_color* vq_mxd_simple_line_symbol_get_color(
@@ -723,11 +664,9 @@ VQ_MXD_API double vq_mxd_simple_line_symbol_get_width(const vq_mxd_simple_line_s
 /** The style: 0 solid, 1 dashed, 2 dotted, 3 dash-dot, 4 dash-dot-dot, 5 none, 6 inside. */
 VQ_MXD_API uint32_t
 vq_mxd_simple_line_symbol_get_simple_line_style(const vq_mxd_simple_line_symbol* symbol);
-
 /** @} */
 
-/** @name Cartographic line
-    @{ */
+/** @name Cartographic line */ /** @{ */
 
 /** The color, or null. */
 VQ_MXD_API const vq_mxd_color* vq_mxd_cartographic_line_symbol_get_color(
@@ -744,11 +683,9 @@ VQ_MXD_API double vq_mxd_cartographic_line_symbol_get_offset(
 /** The dash pattern; never null, without items for a solid line. */
 VQ_MXD_API const vq_mxd_line_template* vq_mxd_cartographic_line_symbol_get_line_template(
     const vq_mxd_cartographic_line_symbol* symbol);
-
 /** @} */
 
-/** @name Hash line
-    @{ */
+/** @name Hash line */ /** @{ */
 
 /** The color, or null. */
 VQ_MXD_API const vq_mxd_color* vq_mxd_hash_line_symbol_get_color(
@@ -770,11 +707,9 @@ VQ_MXD_API const vq_mxd_symbol* vq_mxd_hash_line_symbol_get_line(
 /** Where hashes are drawn; never null. */
 VQ_MXD_API const vq_mxd_line_template* vq_mxd_hash_line_symbol_get_line_template(
     const vq_mxd_hash_line_symbol* symbol);
-
 /** @} */
 
-/** @name Marker line
-    @{ */
+/** @name Marker line */ /** @{ */
 
 /** The offset from the line in points. */
 VQ_MXD_API double vq_mxd_marker_line_symbol_get_offset(const vq_mxd_marker_line_symbol* symbol);
@@ -786,20 +721,16 @@ VQ_MXD_API const vq_mxd_symbol* vq_mxd_marker_line_symbol_get_pattern_marker(
 /** Where markers are drawn; never null. */
 VQ_MXD_API const vq_mxd_line_template* vq_mxd_marker_line_symbol_get_line_template(
     const vq_mxd_marker_line_symbol* symbol);
-
 /** @} */
 
-/** @name Multilayer line
-    @{ */
+/** @name Multilayer line */ /** @{ */
 
 /** The layers, the first drawn on top; never null. */
 VQ_MXD_API const vq_mxd_line_symbols* vq_mxd_multilayer_line_symbol_get_line_symbols(
     const vq_mxd_multilayer_line_symbol* symbol);
-
 /** @} */
 
-/** @name List of line symbols
-    @{ */
+/** @name List of line symbols */ /** @{ */
 
 /** The number of line symbols. */
 VQ_MXD_API int64_t vq_mxd_line_symbols_get_size(const vq_mxd_line_symbols* symbols);
@@ -808,11 +739,9 @@ VQ_MXD_API int64_t vq_mxd_line_symbols_get_size(const vq_mxd_line_symbols* symbo
    negative: that is not checked. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_symbols_get(const vq_mxd_line_symbols* symbols,
                                                         int32_t index);
-
 /** @} */
 
-/** @name Simple fill
-    @{ */
+/** @name Simple fill */ /** @{ */
 
 /** The color, or null. */
 VQ_MXD_API const vq_mxd_color* vq_mxd_simple_fill_symbol_get_color(
@@ -821,11 +750,9 @@ VQ_MXD_API const vq_mxd_color* vq_mxd_simple_fill_symbol_get_color(
 /** The outline, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_simple_fill_symbol_get_outline(
     const vq_mxd_simple_fill_symbol* symbol);
-
 /** @} */
 
-/** @name Line fill
-    @{ */
+/** @name Line fill */ /** @{ */
 
 /** The line drawn as hatching, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_fill_symbol_get_pattern(
@@ -843,11 +770,9 @@ VQ_MXD_API double vq_mxd_line_fill_symbol_get_offset(const vq_mxd_line_fill_symb
 
 /** The distance between two lines in points. */
 VQ_MXD_API double vq_mxd_line_fill_symbol_get_separation(const vq_mxd_line_fill_symbol* symbol);
-
 /** @} */
 
-/** @name Marker fill
-    @{ */
+/** @name Marker fill */ /** @{ */
 
 /** The marker repeated over the area, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_marker_fill_symbol_get_marker(
@@ -873,20 +798,16 @@ VQ_MXD_API double vq_mxd_marker_fill_symbol_get_separation_y(
 
 /** How the markers are placed, as stored: 0 in a grid, 1 at random. */
 VQ_MXD_API uint32_t vq_mxd_marker_fill_symbol_get_random(const vq_mxd_marker_fill_symbol* symbol);
-
 /** @} */
 
-/** @name Multilayer fill
-    @{ */
+/** @name Multilayer fill */ /** @{ */
 
 /** The layers, the first drawn on top; never null. */
 VQ_MXD_API const vq_mxd_fill_symbols* vq_mxd_multilayer_fill_symbol_get_fill_symbols(
     const vq_mxd_multilayer_fill_symbol* symbol);
-
 /** @} */
 
-/** @name List of fill symbols
-    @{ */
+/** @name List of fill symbols */ /** @{ */
 
 /** The number of fill symbols. */
 VQ_MXD_API int64_t vq_mxd_fill_symbols_get_size(const vq_mxd_fill_symbols* symbols);
@@ -894,7 +815,6 @@ VQ_MXD_API int64_t vq_mxd_fill_symbols_get_size(const vq_mxd_fill_symbols* symbo
 /** The fill symbol at the index, or null for an index outside. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_fill_symbols_get(const vq_mxd_fill_symbols* symbols,
                                                         int32_t index);
-
 /** @} */
 
 #ifdef __cplusplus
