@@ -51,9 +51,16 @@ def legend_groups(lib, renderer):
     return []
 
 
-def symbol_type(lib, symbol):
-    address = lib.obj_get_type_str(symbol) if symbol else None
-    return ctypes.string_at(address).decode("ascii") if address else "no symbol"
+def described(lib, symbol):
+    if not symbol:
+        return "no symbol"
+    words = [ctypes.string_at(lib.obj_get_type_str(symbol)).decode("ascii")]
+    fill = lib.symbol_cast_simple_fill(symbol)
+    if color := lib.simple_fill_symbol_get_color(fill) if fill else None:
+        rgb = (ctypes.c_uint8 * 3)()
+        lib.color_get_rgb(color, *(ctypes.byref(rgb, i) for i in range(3)))
+        words.append("#" + bytes(rgb).hex())
+    return " ".join(words)
 
 
 def print_map(lib, handle):
@@ -65,7 +72,7 @@ def print_map(lib, handle):
         for group in legend_groups(lib, renderer):
             for item in lib.items("legend_group", group):
                 label = lib.text(lib.legend_class_get_label(item))
-                print(f"      {label}: {symbol_type(lib, lib.legend_class_get_symbol(item))}")
+                print(f"      {label}: {described(lib, lib.legend_class_get_symbol(item))}")
 
 
 def main():

@@ -1,4 +1,5 @@
-"""The library exports exactly the listed names, and the header declares exactly these."""
+"""The library exports exactly the listed functions, and the header declares them with the listed types.
+A change of a line breaks hosts that were built before: exported_names.py NM LIBRARY LIST HEADER"""
 
 import re
 import subprocess
@@ -6,18 +7,29 @@ import sys
 
 nm, library, export_list, header = sys.argv[1:]
 
+
+def without_names(parameters):
+    """The types of the parameters; a lone word is a type."""
+    return ", ".join(re.sub(r"(?<=[ *])\w+$", "", each.strip()).strip() for each in parameters.split(","))
+
+
 with open(export_list, encoding="ascii") as lines:
-    listed = lines.read().split()
+    listed = lines.read().splitlines()
 with open(header, encoding="ascii") as text:
-    declared = re.findall(r"\b(vq_mxd_\w+)\(", text.read())
+    code = " ".join(re.sub(r"/\*.*?\*/", " ", text.read(), flags=re.DOTALL).split())
+declared = [
+    f"{result} {name}({without_names(parameters)})"
+    for result, name, parameters in re.findall(r"VQ_MXD_API ([^;()]+?) (vq_mxd_\w+)\(([^)]*)\);", code)
+]
 symbols = subprocess.run(
     [nm, "-D", "--defined-only", library], capture_output=True, text=True, check=True
 ).stdout.splitlines()
 exported = [line.split()[2] for line in symbols]
+listed_names = re.findall(r"(vq_mxd_\w+)\(", "\n".join(listed))
 
-for what, names in (("exported", exported), ("declared", declared)):
-    missing = sorted(set(listed) - set(names))
-    surplus = sorted(set(names) - set(listed))
-    if missing or surplus or len(names) != len(listed):
-        sys.exit(f"{what}: missing {missing}, surplus {surplus}, {len(names)} of {len(listed)}")
-print(f"{len(listed)} names listed, exported and declared")
+for what, found, wanted in (("declared", declared, listed), ("exported", exported, listed_names)):
+    missing = sorted(set(wanted) - set(found))
+    surplus = sorted(set(found) - set(wanted))
+    if missing or surplus or len(found) != len(wanted):
+        sys.exit(f"{what}: missing {missing}, surplus {surplus}, {len(found)} of {len(wanted)}")
+print(f"{len(listed)} functions listed, exported, and declared with their types")

@@ -51,11 +51,4 @@ Object_family::Row family_row() {
   return {Class::clsid.guid, [] { return std::unique_ptr<Tmxd_obj>(std::make_unique<Class>()); }};
 }
 
-template <class Class>
-Object_family::Row only_made_row() {
-  Object_family::Row row = family_row<Class>();
-  row.only_made = true;
-  return row;
-}
-
 }  // namespace mxd

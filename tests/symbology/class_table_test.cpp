@@ -275,7 +275,7 @@ TEST(Symbology_classes, fail_on_a_cut_record_and_on_another_trailer) {
     Decoder decoder(other);
     EXPECT_FALSE(read_object(*row.make(), decoder.stream, -1, -1));
   }
-  EXPECT_EQ(trailers, 13);
+  EXPECT_GE(trailers, 13);
 }
 
 }  // namespace

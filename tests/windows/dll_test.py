@@ -19,8 +19,9 @@ def utf_16(text):
     return text.encode("utf-16-le")
 
 
-listed = content(export_list).decode("ascii").split()
-declared = re.findall(r"\b(vq_mxd_\w+)\(", content(header).decode("ascii"))
+listed, declared = (
+    re.findall(r"\b(vq_mxd_\w+)\(", content(path).decode("ascii")) for path in (export_list, header)
+)
 dump = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
 names_table = dump.partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
 exported = re.findall(r"\[ *\d+\] (\S+)", names_table)

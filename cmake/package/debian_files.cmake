@@ -1,0 +1,19 @@
+# Run by CPack on the installed files before they are packed: what Debian wants in a package.
+if(NOT CPACK_GENERATOR STREQUAL "DEB")
+  return()
+endif()
+find_program(gzip gzip REQUIRED)
+set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX})
+set(documents ${root}/${CPACK_VQK_DOCDIR})
+
+file(RENAME ${documents}/LICENSE ${documents}/copyright)
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+file(WRITE ${documents}/changelog
+"${CPACK_DEBIAN_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
+
+  * Version ${CPACK_PACKAGE_VERSION}, packed by the project itself.
+
+ -- ${CPACK_PACKAGE_CONTACT}  ${date}
+")
+file(GLOB_RECURSE pages ${root}/${CPACK_VQK_MANDIR}/*.[1-9])
+execute_process(COMMAND ${gzip} -9n ${pages} ${documents}/changelog COMMAND_ERROR_IS_FATAL ANY)
