@@ -1,10 +1,9 @@
 #include "seeds.h"
 
-#include "records.h"
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
 #include "support/compound_builder.h"
-#include "support/rendering_records.h"
+#include "support/document_records.h"
 #include "support/sample_document.h"
 #include "support/sample_symbols.h"
 #include "support/temp_file.h"

@@ -1,8 +1,7 @@
-// Every class of the symbology: a record of it, and what both outputs show of that.
+// Every class of the symbology, with a record of it.
 #pragma once
 
 #include <algorithm>
-#include <cctype>
 #include <memory>
 #include <sstream>
 
@@ -43,33 +42,24 @@ inline Bytes trailer(int mark) {
   return Bytes().trailer(mark);
 }
 
-// In the texts "#" is the record's own number, "$dot7" the output of the record "dot" of number 7,
-// "$run3" the bytes 1 to 3. Line breaks and indents count as one blank.
 struct Class_row {
   const char* name;
-  const char* type;
-  const char* class_id;
+  std::string_view type;
+  Class_id class_id;
   int version;
   // The symbol trailer's first word is 13 in a valid record.
   Bytes (*fields)(int number, int mark);
-  const char* dump;
-  const char* xml;
   std::unique_ptr<Tmxd_obj> (*make)();
   void (*expect_prefixes_fail)(const Bytes& record, std::size_t complete_from);
-  // Prefixes that lack no more than that may succeed.
-  std::size_t dispensable = 0;
 };
 
 template <class T>
-Class_row class_row(const char* name, const char* type, const char* class_id, int version,
-                    Bytes (*fields)(int number, int mark), const char* dump, const char* xml) {
+Class_row class_row(const char* name, int version, Bytes (*fields)(int number, int mark)) {
   return {name,
-          type,
-          class_id,
+          T::type,
+          T::clsid,
           version,
           fields,
-          dump,
-          xml,
           [] { return std::unique_ptr<Tmxd_obj>(std::make_unique<T>()); },
           expect_prefixes_fail<T>};
 }
@@ -84,7 +74,7 @@ inline const Class_row& row_named(std::string_view name) {
 }
 
 inline Bytes record(const Class_row& row, int number, int mark = 13) {
-  return Bytes().object(Class_id(row.class_id), number, row.version, row.fields(number, mark));
+  return Bytes().object(row.class_id, number, row.version, row.fields(number, mark));
 }
 inline Bytes record(std::string_view name, int number, int mark = 13) {
   return record(row_named(name), number, mark);
@@ -92,7 +82,7 @@ inline Bytes record(std::string_view name, int number, int mark = 13) {
 
 // The same object of that number, written as a reference.
 inline Bytes reference(std::string_view name, int number) {
-  return Bytes().reference(Class_id(row_named(name).class_id), number);
+  return Bytes().reference(row_named(name).class_id, number);
 }
 
 inline std::string folded(std::string_view text) {
@@ -103,38 +93,6 @@ inline std::string folded(std::string_view text) {
   }
   if (!result.empty() && result.back() == ' ') result.pop_back();
   return result;
-}
-
-enum class Face { dump, xml };
-
-std::string output(const Class_row& row, int number, Face face);
-
-inline std::string expanded(std::string_view text, int own_number, Face face) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size();) {
-    if (text[i] != '$') {
-      result.push_back(text[i++]);
-      continue;
-    }
-    std::string name, number;
-    for (++i; i < text.size() && std::isalpha(text[i]); ++i) name.push_back(text[i]);
-    for (; i < text.size() && (std::isdigit(text[i]) || text[i] == '#'); ++i) {
-      number += text[i] == '#' ? std::to_string(own_number) : std::string(1, text[i]);
-    }
-    result += name == "run" ? bytes_to_hex(Bytes().counting(std::stoi(number)).data(), " ")
-                            : output(row_named(name), std::stoi(number), face);
-  }
-  return result;
-}
-
-inline std::string output(const Class_row& row, int number, Face face) {
-  const std::string type = row.type, n = std::to_string(number), v = std::to_string(row.version);
-  if (face == Face::dump) {
-    return folded(type + " = { number = " + n + " reserve = 3 version = " + v + " " +
-                  expanded(row.dump, number, face) + " }");
-  }
-  return folded("<" + type + "> <number>" + n + "</number> <reserve>3</reserve> <version>" + v +
-                "</version> " + expanded(row.xml, number, face) + " </" + type + ">");
 }
 
 // The dump without the header's lines, which no copy shares with its source.

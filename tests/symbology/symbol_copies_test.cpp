@@ -28,7 +28,7 @@ TEST(Symbol_copies, say_whether_the_slots_were_copied) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     const Class_row& row = row_named(c.name);
-    Decoder decoder(Bytes().object(Class_id(row.class_id), 5, 1, c.fields));
+    Decoder decoder(Bytes().object(row.class_id, 5, 1, c.fields));
     const auto source = row.make();
     ASSERT_TRUE(read_object(*source, decoder.stream, -1, -1));
     const auto copy = row.make();

@@ -23,11 +23,11 @@ TEST(Symbol_families, know_their_own_classes) {
     std::string searched, made;
     for (const Guid& id : c.family.candidates()) {
       for (const Class_row& row : class_table()) {
-        if (Class_id(row.class_id).guid == id) searched.append(" ").append(row.name);
+        if (row.class_id.guid == id) searched.append(" ").append(row.name);
       }
     }
     for (const Class_row& row : class_table()) {
-      const auto object = c.family.create(Class_id(row.class_id).guid);
+      const auto object = c.family.create(row.class_id.guid);
       if (object && object->type_name() == row.type) made.append(" ").append(row.name);
     }
     EXPECT_EQ(searched, c.searched);
