@@ -12,36 +12,6 @@
 
 namespace mxd::test {
 
-inline void put(Bytes& out, int value) {
-  out.i32(value);
-}
-inline void put(Bytes& out, double value) {
-  out.f64(value);
-}
-inline void put(Bytes& out, const char* text) {
-  out.wide(text);
-}
-inline void put(Bytes& out, const Bytes& bytes) {
-  out.add(bytes);
-}
-
-// Fields in the order of the stream: int32, float64 and wide strings as they are, others as bytes.
-template <class... T>
-Bytes packed(const T&... fields) {
-  Bytes out;
-  (put(out, fields), ...);
-  return out;
-}
-inline Bytes byte(int value) {
-  return Bytes().u8(value);
-}
-inline Bytes run(int count) {
-  return Bytes().counting(count);
-}
-inline Bytes trailer(int mark) {
-  return Bytes().trailer(mark);
-}
-
 struct Class_row {
   const char* name;
   std::string_view type;
