@@ -63,18 +63,8 @@ TEST(Symbol_copies, reach_through_nested_symbols) {
   EXPECT_EQ(picture.bytes1, run(65).data());
 }
 
-// Each record refers twice to the one before: forty of them would be a trillion symbols.
-Bytes chain_of_fills() {
-  Bytes chain = record("hatch", 5);
-  for (int n = 6; n < 46; ++n) {
-    const Bytes two = Packed(reference("hatch", n - 1), reference("hatch", n - 1));
-    chain.object(Tmxd_line_fill_symbol::clsid, n, 1,
-                 Packed(1.0, 2.0, two, 4.0, 5.0, 6.0, trailer(13)));
-  }
-  return chain;
-}
-
-// Here what is copied are decorations, whose copies always answer false.
+// Each decoration refers twice to the one before: forty of them would be a trillion. Their copies
+// always answer false.
 Bytes chain_of_decorations() {
   Bytes chain = record("decor", 5);
   for (int n = 6; n < 46; ++n) {
@@ -91,22 +81,15 @@ Bytes chain_of_decorations() {
   return chain;
 }
 
-template <class T>
-void expect_end_at_the_budget(const Bytes& chain) {
-  Decoder decoder(chain);
-  std::vector<std::unique_ptr<T>> objects;
+TEST(Symbol_copies, end_at_the_budget) {
+  Decoder decoder(chain_of_decorations());
+  std::vector<std::unique_ptr<Tmxd_line_decoration>> objects;
   do {
-    objects.push_back(std::make_unique<T>());
+    objects.push_back(std::make_unique<Tmxd_line_decoration>());
   } while (read_object(*objects.back(), decoder.stream, -1, -1));
   EXPECT_TRUE(decoder.stream.budget().exhausted());
   EXPECT_LE(decoder.stream.budget().used(), decoder.stream.budget().limit());
-  EXPECT_GT(objects.size(), 8U);
   EXPECT_LT(objects.size(), 20U);
-}
-
-TEST(Symbol_copies, end_at_the_budget) {
-  expect_end_at_the_budget<Tmxd_line_fill_symbol>(chain_of_fills());
-  expect_end_at_the_budget<Tmxd_line_decoration>(chain_of_decorations());
 }
 
 TEST(Symbol_copies, pay_for_the_tag_that_the_layer_was_given) {
