@@ -4,12 +4,10 @@
 
 #include <cstdio>
 
-#include "document/map.h"
 #include "measured_load.h"
-#include "records.h"
 #include "rendering/property_page.h"
 #include "support/compound_builder.h"
-#include "support/rendering_records.h"
+#include "support/document_records.h"
 #include "support/temp_file.h"
 #include "symbology/fill_symbols.h"
 #include "symbology/line_symbols.h"

@@ -4,11 +4,9 @@
 #include <algorithm>
 
 #include "document/known_class_ids.h"
-#include "document/map.h"
-#include "records.h"
 #include "storage/compound_file.h"
 #include "support/compound_builder.h"
-#include "support/rendering_records.h"
+#include "support/document_records.h"
 #include "support/temp_file.h"
 #include "symbology/color.h"
 
@@ -23,12 +21,13 @@ constexpr int layers = 12;
 Bytes whole_layer(int number) {
   const Bytes color = Bytes().object(Tmxd_rgb_color::clsid, number + 9, 1,
                                      Bytes().counting(3).f64s({50, 0, 0}).u8(0).u8(0));
-  const Bytes line = Bytes().object(Class_id("7914e5f9-c892-11d0-8bb6-080009ee4e41"), number + 8, 1,
-                                    Bytes(color).f64(1.5).i32(2).trailer());
-  const Bytes system = Bytes().object(Tmxd_geographic_coordinate_system::clsid, number + 7, 1,
-                                      Bytes().narrow("GEOGCS"));
-  return feature_layer(
-      number, simple_renderer(number + 3, line).zeros(156).wide("N").f64s({2, 1}).add(system));
+  const Bytes line =
+      Bytes().object(simple_line_id, number + 8, 1, Bytes(color).f64(1.5).i32(2).trailer());
+  return feature_layer(number, simple_renderer(number + 3, line)
+                                   .zeros(156)
+                                   .wide("N")
+                                   .f64s({2, 1})
+                                   .add(geographic(number + 7, "GEOGCS")));
 }
 
 std::vector<std::string> layer_dumps(const Byte_run& maps) {

@@ -43,13 +43,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Class_id_filter filter(all);
   const Class_id_index index(filter, bytes);
   test::Naive_search naive(bytes);
-  const Class_id_hits wanted = naive.find_all(candidates, start, limit);
-  const Class_id_hits found = index.find_all(candidates, start, limit);
-  fuzz::require(wanted.ok == found.ok && wanted.hits == found.hits, "all places are found");
-  const Class_id_hits wanted_first = naive.find_all(candidates, start, limit, true);
-  const Class_id_scan first = index.scan(candidates, start, limit);
-  fuzz::require(wanted_first.ok == first.ok && wanted_first.hits.empty() == !first.hit &&
-                    (!first.hit || wanted_first.hits.front() == *first.hit),
-                "the first place is found");
+  fuzz::require(test::agree(naive, index, candidates, start, limit), "both find the same");
   return 0;
 }

@@ -1,39 +1,17 @@
 #include "seeds.h"
 
-#include "records.h"
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
+#include "support/class_table.h"
 #include "support/compound_builder.h"
-#include "support/rendering_records.h"
+#include "support/document_records.h"
 #include "support/sample_document.h"
-#include "support/sample_symbols.h"
 #include "support/temp_file.h"
 
 namespace mxd::fuzz {
 namespace {
 
 using namespace mxd::test;
-
-Seeds symbol_seeds() {
-  const auto symbol = [](Bytes (Sample_symbols::*make)()) {
-    Object_numbers numbers;
-    Sample_symbols symbols(numbers);
-    const Bytes bytes = (symbols.*make)();
-    return in_simple_renderer(bytes).data();
-  };
-  return {{"simple_marker", symbol(&Sample_symbols::simple_marker)},
-          {"char_marker", symbol(&Sample_symbols::char_marker)},
-          {"arrow_marker", symbol(&Sample_symbols::arrow_marker)},
-          {"multilayer_marker", symbol(&Sample_symbols::multilayer_marker)},
-          {"cartographic_line", symbol(&Sample_symbols::cartographic_line)},
-          {"hash_line", symbol(&Sample_symbols::hash_line)},
-          {"marker_line", symbol(&Sample_symbols::marker_line)},
-          {"multilayer_line", symbol(&Sample_symbols::multilayer_line)},
-          {"simple_fill", symbol(&Sample_symbols::simple_fill)},
-          {"line_fill", symbol(&Sample_symbols::line_fill)},
-          {"marker_fill", symbol(&Sample_symbols::marker_fill)},
-          {"multilayer_fill", symbol(&Sample_symbols::multilayer_fill)}};
-}
 
 Bytes with_page(const Bytes& renderer, const Class_id& page) {
   return in_layer(Bytes(renderer).guid(page.guid).wide("N").f64s({2, 1}));
@@ -71,8 +49,10 @@ Byte_run maps_stream(const Wide_string& document) {
 }
 
 Seeds stream_seeds() {
-  Seeds seeds = symbol_seeds();
-  for (const auto& seed : renderer_seeds()) seeds.push_back(seed);
+  Seeds seeds = renderer_seeds();
+  for (const Class_row& row : class_table()) {
+    seeds.emplace_back(row.name, in_simple_renderer(record(row, 5)).data());
+  }
   const Byte_run sample = maps_stream(Temp_file(sample_document()).path());
   seeds.emplace_back("sample", sample);
   seeds.emplace_back("sample_cut", cut(sample, sample.size() / 2));

@@ -202,23 +202,5 @@ TEST(Object_read, copies_count_as_the_levels_that_they_stand_for) {
   EXPECT_EQ(Names({"ERROR IN 101 nest  4280"}), decoder.errors.lines);
 }
 
-TEST(Object_read, doubling_references_end_at_the_budget) {
-  // Object n holds object n - 1 twice: 66 bytes each, but twice the size of the one before.
-  Bytes bytes = Bytes().reference(Nest::clsid, 1).u16(1).u8(0);
-  constexpr int links = 60;
-  for (int link = 2; link <= links; ++link) {
-    bytes.reference(Nest::clsid, link).u16(1).u8(2);
-    bytes.reference(Nest::clsid, link - 1).reference(Nest::clsid, link - 1);
-  }
-  Decoder decoder(bytes);
-  std::vector<std::unique_ptr<Nest>> nests;
-  do {
-    nests.push_back(std::make_unique<Nest>());
-  } while (mandatory(*nests.back(), decoder.stream));
-  EXPECT_LT(nests.size(), 30U);
-  EXPECT_TRUE(decoder.stream.budget().exhausted());
-  EXPECT_LE(decoder.stream.budget().used(), decoder.stream.budget().limit());
-}
-
 }  // namespace
 }  // namespace mxd::test

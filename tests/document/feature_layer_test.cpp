@@ -1,24 +1,11 @@
-#include "document/layer.h"
 #include "rendering/property_page.h"
-#include "support/rendering_records.h"
+#include "support/document_records.h"
 
 namespace mxd::test {
 namespace {
 
 Bytes layer_of(const Bytes& drawing) {
-  const Bytes feature_class =
-      Bytes().wide("wells").counting(6).wide("").wide("").i32(1).counting(6);
-  const Bytes fields =
-      Bytes()
-          .wide("Wells")
-          .wide("Feature Layer")
-          .u16(1)
-          .counting(4)
-          .object(Tmxd_feature_class_name::clsid, 50, 1, feature_class)
-          .object(Tmxd_workspace_name::clsid, 51, 1, Bytes().wide("C:/data"))
-          .add(drawing)
-          .object(Tmxd_geographic_coordinate_system::clsid, 52, 1, Bytes().narrow("GEOGCS[]"));
-  return Bytes().object(Tmxd_feature_layer::clsid, 49, 1, fields);
+  return feature_layer(49, Bytes(drawing).add(geographic(52, "GEOGCS[]")));
 }
 
 enum Read { nothing, block_only, all_scales };

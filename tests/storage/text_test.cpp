@@ -15,14 +15,6 @@ Wide_string wide(std::u16string_view units) {
   return {units.begin(), units.end()};
 }
 
-TEST(Code_page, every_byte_comes_back) {
-  std::string bytes;
-  for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
-  const Wide_string units = narrow_to_wide(bytes);
-  ASSERT_EQ(units.size(), bytes.size());
-  EXPECT_EQ(to_narrow(units), bytes);
-}
-
 TEST(Code_page, is_windows_1251) {
   const std::pair<std::u16string_view, std::string_view> cases[] = {
       {u"Map 1~", "Map 1~"},

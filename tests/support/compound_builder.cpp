@@ -95,60 +95,6 @@ struct Compound_file::Layout {
   }
 };
 
-Compound_file& Compound_file::stream(std::string_view name, Byte_run bytes) {
-  entries_.push_back({std::string(name), Kind::stream, std::move(bytes)});
-  return *this;
-}
-Compound_file& Compound_file::storage(std::string_view name) {
-  entries_.push_back({std::string(name), Kind::storage});
-  return *this;
-}
-Compound_file& Compound_file::unused_entry(std::string_view name) {
-  entries_.push_back({std::string(name), Kind::unused});
-  return *this;
-}
-Compound_file& Compound_file::cutoff(std::uint32_t size) {
-  cutoff_ = size;
-  return *this;
-}
-Compound_file& Compound_file::fragmented(std::size_t stride) {
-  stride_ = stride;
-  return *this;
-}
-Compound_file& Compound_file::unused_sectors(std::size_t count) {
-  unused_sectors_ = count;
-  return *this;
-}
-Compound_file& Compound_file::tables_first() {
-  tables_first_ = true;
-  return *this;
-}
-Compound_file& Compound_file::signature(std::string_view eight_bytes) {
-  signature_ = eight_bytes;
-  return *this;
-}
-Compound_file& Compound_file::link(std::string_view chain, std::size_t from, std::uint32_t to) {
-  link_damages_.push_back({std::string(chain), from, to, false});
-  return *this;
-}
-Compound_file& Compound_file::circle(std::string_view chain, std::size_t from,
-                                     std::size_t back_to) {
-  link_damages_.push_back({std::string(chain), from, static_cast<std::uint32_t>(back_to), true});
-  return *this;
-}
-Compound_file& Compound_file::first_sector(std::string_view stream, std::uint32_t sector) {
-  entry(stream).false_first_sector = sector;
-  return *this;
-}
-Compound_file& Compound_file::claimed_size(std::string_view stream, std::uint32_t size) {
-  entry(stream).false_size = size;
-  return *this;
-}
-Compound_file& Compound_file::header(Header_field field, std::uint32_t value) {
-  header_damages_.push_back({field, value});
-  return *this;
-}
-
 Compound_file::Entry& Compound_file::entry(std::string_view name) {
   const auto found = std::ranges::find(entries_, name, &Entry::name);
   if (found == entries_.end()) throw std::invalid_argument("no such entry: " + std::string(name));

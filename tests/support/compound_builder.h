@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "storage/bytes.h"
@@ -43,25 +44,41 @@ class Compound_file {
 
   // Directory entries, in file order behind the root. Streams below the cutoff go to the mini
   // stream. The tree of storages is flat: whatever stands in it is a child of the root.
-  Compound_file& stream(std::string_view name, Byte_run bytes);
-  Compound_file& storage(std::string_view name);
+  Compound_file& stream(std::string_view name, Byte_run bytes) {
+    return add(entries_, {std::string(name), Kind::stream, std::move(bytes)});
+  }
+  Compound_file& storage(std::string_view name) {
+    return add(entries_, {std::string(name), Kind::storage});
+  }
   // What a deleted stream leaves behind: the name, but no sectors.
-  Compound_file& unused_entry(std::string_view name);
+  Compound_file& unused_entry(std::string_view name) {
+    return add(entries_, {std::string(name), Kind::unused});
+  }
 
-  Compound_file& cutoff(std::uint32_t size);
+  Compound_file& cutoff(std::uint32_t size) { return set(cutoff_, size); }
   // Neighbours of a chain lie that many sectors apart, mini sectors as well.
-  Compound_file& fragmented(std::size_t stride);
-  Compound_file& unused_sectors(std::size_t count);
+  Compound_file& fragmented(std::size_t stride) { return set(stride_, stride); }
+  Compound_file& unused_sectors(std::size_t count) { return set(unused_sectors_, count); }
   // The FAT and the directory lie before the streams.
-  Compound_file& tables_first();
-  Compound_file& signature(std::string_view eight_bytes);
+  Compound_file& tables_first() { return set(tables_first_, true); }
+  Compound_file& signature(std::string_view eight_bytes) { return set(signature_, eight_bytes); }
 
   // Damages. A link leads from the sector of that place in the chain.
-  Compound_file& link(std::string_view chain, std::size_t from, std::uint32_t to);
-  Compound_file& circle(std::string_view chain, std::size_t from, std::size_t back_to);
-  Compound_file& first_sector(std::string_view stream, std::uint32_t sector);
-  Compound_file& claimed_size(std::string_view stream, std::uint32_t size);
-  Compound_file& header(Header_field field, std::uint32_t value);
+  Compound_file& link(std::string_view chain, std::size_t from, std::uint32_t to) {
+    return add(link_damages_, {std::string(chain), from, to, false});
+  }
+  Compound_file& circle(std::string_view chain, std::size_t from, std::uint32_t back_to) {
+    return add(link_damages_, {std::string(chain), from, back_to, true});
+  }
+  Compound_file& first_sector(std::string_view stream, std::uint32_t sector) {
+    return set(entry(stream).false_first_sector, sector);
+  }
+  Compound_file& claimed_size(std::string_view stream, std::uint32_t size) {
+    return set(entry(stream).false_size, size);
+  }
+  Compound_file& header(Header_field field, std::uint32_t value) {
+    return add(header_damages_, {field, value});
+  }
 
   Byte_run build() const;
 
@@ -92,6 +109,16 @@ class Compound_file {
   using Chains = std::vector<Chain>;
   struct Layout;
 
+  template <class Field, class Value>
+  Compound_file& set(Field& field, const Value& value) {
+    field = value;
+    return *this;
+  }
+  template <class Item>
+  Compound_file& add(std::vector<Item>& list, Item item) {
+    list.push_back(std::move(item));
+    return *this;
+  }
   Entry& entry(std::string_view name);
   void fill_mini_stream(Layout& layout) const;
   void place_sectors(Layout& layout) const;

@@ -50,4 +50,16 @@ class Naive_search final : public Tmxd_ieee_stream {
   Tmxd_stream_m memory_;
 };
 
+// Whether the index finds the same places, and the same first one.
+inline bool agree(Naive_search& naive, const Class_id_index& index,
+                  std::span<const Guid> candidates, std::int64_t start, std::int64_t limit) {
+  const Class_id_hits wanted = naive.find_all(candidates, start, limit);
+  const Class_id_hits all = index.find_all(candidates, start, limit);
+  const Class_id_hits wanted_first = naive.find_all(candidates, start, limit, true);
+  const Class_id_scan first = index.scan(candidates, start, limit);
+  return wanted.ok == all.ok && wanted.hits == all.hits && wanted_first.ok == first.ok &&
+         wanted_first.hits.empty() == !first.hit &&
+         (!first.hit || wanted_first.hits.front() == *first.hit);
+}
+
 }  // namespace mxd::test

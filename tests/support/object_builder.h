@@ -60,6 +60,35 @@ class Bytes {
   std::vector<std::uint8_t> bytes_;
 };
 
+inline Bytes byte(int value) {
+  return Bytes().u8(value);
+}
+inline Bytes word(int value) {
+  return Bytes().u16(value);
+}
+inline Bytes run(int count, int first = 1) {
+  return Bytes().counting(count, first);
+}
+inline Bytes trailer(int mark = 13) {
+  return Bytes().trailer(mark);
+}
+
+// Fields in the order of the stream: int32, float64 and wide strings as they are, others as bytes.
+// In braces they are also made in that order.
+class Packed : public Bytes {
+ public:
+  template <class... Field>
+  explicit Packed(const Field&... fields) {
+    (put(fields), ...);
+  }
+
+ private:
+  void put(int value) { i32(value); }
+  void put(double value) { f64(value); }
+  void put(const char* text) { wide(text); }
+  void put(const Bytes& bytes) { add(bytes); }
+};
+
 class Recorded_errors final : public Error_sink {
  public:
   void read_failed(const Read_error& error) override { lines.push_back(error_line(error)); }

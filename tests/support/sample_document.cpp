@@ -41,8 +41,7 @@ class Sample {
   }
 
   Bytes group(const char* name, int members) {
-    return numbers_.object<Tmxd_group_layer>(
-        5, Bytes().wide(name).u16(1).counting(20).i32(members).counting(8));
+    return numbers_.object<Tmxd_group_layer>(5, Packed{name, word(1), run(20), members, run(8)});
   }
 
   Bytes workspace(const char* name) {
@@ -50,7 +49,7 @@ class Sample {
   }
 
   static Bytes feature_class(const char* name, const char* type, int geometry) {
-    return Bytes().wide(name).counting(6).wide(type).wide("Shape").i32(geometry).counting(6);
+    return Packed{name, run(6), type, "Shape", geometry, run(6)};
   }
 
   Bytes shapefile(const char* name, int geometry) {
@@ -60,18 +59,13 @@ class Sample {
 
   Bytes feature_layer(const char* name, int visible, const Bytes& class_name,
                       const char* workspace_name, const Bytes& drawing) {
-    return numbers_.object<Tmxd_feature_layer>(9, Bytes()
-                                                      .wide(name)
-                                                      .wide("Feature Layer")
-                                                      .u16(visible)
-                                                      .counting(4)
-                                                      .add(class_name)
-                                                      .add(workspace(workspace_name))
-                                                      .add(drawing));
+    return numbers_.object<Tmxd_feature_layer>(
+        9, Packed{name, "Feature Layer", word(visible), run(4), class_name,
+                  workspace(workspace_name), drawing});
   }
 
   Bytes legend_class(const char* label, const Bytes& symbol) {
-    return numbers_.object<Tmxd_legend_class>(2, Bytes().add(symbol).wide(label).counting(26));
+    return numbers_.object<Tmxd_legend_class>(2, Packed{symbol, label, run(26)});
   }
 
   Bytes legend_group(const char* heading, std::initializer_list<Bytes> classes) {
@@ -89,72 +83,52 @@ class Sample {
         numbers_.object<Tmxd_simple_renderer>(2, Bytes().add(symbol).add(legend));
     const Bytes system =
         numbers_.object<Tmxd_unknown_coordinate_system>(1, Bytes().wide("Unknown"));
-    return feature_layer(
-        "Rivers & canals", 0xFFFF, shapefile("rivers", 3), "C:\\data\\base",
-        Bytes().add(renderer).zeros(156).wide("NAME").f64s({500000, 10000}).add(system));
+    return feature_layer("Rivers & canals", 0xFFFF, shapefile("rivers", 3), "C:\\data\\base",
+                         Packed{renderer, Bytes().zeros(156), "NAME", 500000.0, 10000.0, system});
   }
 
   Bytes relief() {
     const Bytes name = numbers_.object<Tmxd_raster_dataset_name>(
-        1, Bytes().u16(1).wide("relief.tif").wide("Raster Dataset").wide("").wide(""));
+        1, Packed{word(1), "relief.tif", "Raster Dataset", "", ""});
     return numbers_.object<Tmxd_raster_layer>(
-        4,
-        Bytes().u16(2).wide("Relief").counting(18).add(name).add(workspace("C:\\data\\rasters")));
+        4, Packed{word(2), "Relief", run(18), name, workspace("C:\\data\\rasters")});
   }
 
   Bytes towns_class_name() {
     const Bytes dataset = numbers_.object<Tmxd_feature_dataset_name>(
-        1, Bytes().wide("Settlements").wide("Feature Dataset").wide("").wide("").u8(1));
-    const Bytes fields = Bytes()
-                             .i32(4)
-                             .add(feature_class("towns", "File Geodatabase Feature Class", 1))
-                             .add(dataset);
-    return numbers_.object<Tmxd_fgdb_feature_class_name>(1, fields);
+        1, Packed{"Settlements", "Feature Dataset", "", "", byte(1)});
+    return numbers_.object<Tmxd_fgdb_feature_class_name>(
+        1, Packed{4, feature_class("towns", "File Geodatabase Feature Class", 1), dataset});
   }
 
   // A symbol for each pair of values.
   Bytes towns() {
-    const Bytes values = Bytes()
-                             .i32(2)
-                             .wide("capital,yes,9")
-                             .i32(10)
-                             .i32(11)
-                             .i32(12)
-                             .wide("town,no,5")
-                             .i32(-1)
-                             .i32(-1)
-                             .i32(2)
-                             .wide("passed over");
-    Bytes fields = Bytes().i32(3).wide("KIND").counting(3).wide("PORT").wide("SIZE").counting(10);
-    fields.add(symbols_.simple_marker()).i32(-1);
-    fields.add(legend_group("Other", {legend_class("other places", symbols_.simple_marker())}));
-    fields.u16(1).add(
+    const Packed values{2, "capital,yes,9", 10, 11, 12, "town,no,5", -1, -1, 2, "passed over"};
+    const Packed names{3, "KIND", run(3), "PORT", "SIZE", run(10)};
+    const Packed other{
+        symbols_.simple_marker(), -1,
+        legend_group("Other", {legend_class("other places", symbols_.simple_marker())})};
+    const Bytes legend =
         legend_group("Kind, port", {legend_class("Capital", symbols_.multilayer_marker()),
-                                    legend_class("Town", symbols_.char_marker())}));
-    fields.counting(18).add(values);
-    const Bytes renderer = numbers_.object<Tmxd_unique_value_renderer>(4, fields);
-    const Bytes drawing = Bytes()
-                              .add(renderer)
-                              .guid(Tmxd_unique_value_property_page::clsid.guid)
-                              .wide("NAME")
-                              .f64s({0, 0});
+                                    legend_class("Town", symbols_.char_marker())});
+    const Bytes renderer = numbers_.object<Tmxd_unique_value_renderer>(
+        4, Packed{names, other, word(1), legend, run(18), values});
+    const Packed drawing{renderer, Bytes().guid(Tmxd_unique_value_property_page::clsid.guid),
+                         "NAME", 0.0, 0.0};
     return feature_layer("Towns", 0, towns_class_name(), "C:\\data\\town.gdb", drawing);
   }
 
   // A symbol for each range of a number.
   Bytes land_use() {
-    const Bytes ranges = Bytes().i32(3).f64s({10, 50, 100}).f64s({0, 10, 50});
+    const Packed ranges{3, 10.0, 50.0, 100.0, 0.0, 10.0, 50.0};
     const Bytes legend =
         legend_group("Share of woods", {legend_class("little", symbols_.simple_fill()),
                                         legend_class("some", symbols_.marker_fill()),
                                         legend_class("much", symbols_.multilayer_fill())});
-    const Bytes renderer = numbers_.object<Tmxd_class_breaks_renderer>(
-        4, Bytes().wide("WOODS").wide("").add(ranges).counting(8).add(legend));
-    const Bytes drawing = Bytes()
-                              .add(renderer)
-                              .guid(Tmxd_graduated_color_property_page::clsid.guid)
-                              .wide("WOODS")
-                              .f64s({0, 0});
+    const Bytes renderer =
+        numbers_.object<Tmxd_class_breaks_renderer>(4, Packed{"WOODS", "", ranges, run(8), legend});
+    const Packed drawing{renderer, Bytes().guid(Tmxd_graduated_color_property_page::clsid.guid),
+                         "WOODS", 0.0, 0.0};
     return feature_layer("Land use", 1, shapefile("landuse", 4), "C:\\data\\base", drawing);
   }
 

@@ -1,34 +1,33 @@
-#include "symbology/class_table.h"
-
+#include "support/class_table.h"
 namespace mxd::test {
 namespace {
 
 // A fill that is whole, or lacks a slot, and what it says of its copy. All is copied all the same.
 TEST(Symbol_copies, say_whether_the_slots_were_copied) {
   const Bytes line = record("line", 1);
-  const Bytes hollow = packed(record("line", 2), trailer(13), -1);
+  const Bytes hollow = Packed(record("line", 2), trailer(13), -1);
   struct Case {
     const char* name;
     Bytes fields;
     bool result;
   };
   const Case cases[] = {
-      {"fill", packed(line, record("red", 3), trailer(13), 4), true},
-      {"fill", packed(record("red", 3), trailer(13), 4), false},
-      {"fill", packed(line, trailer(13), 4), false},
-      {"hatch", packed(1.0, 2.0, line, reference("line", 1), 4.0, 5.0, 6.0, trailer(13)), true},
-      {"hatch", packed(1.0, 2.0, line, 4.0, 5.0, 6.0, trailer(13)), false},
-      {"element", packed(run(5), line, 1, 2.0), true},
-      {"element", packed(run(5), 1, 2.0), false},
-      {"element", packed(run(5), Bytes().object(Tmxd_simple_fill_symbol::clsid, 6, 1, hollow), 0),
+      {"fill", Packed(line, record("red", 3), trailer(13), 4), true},
+      {"fill", Packed(record("red", 3), trailer(13), 4), false},
+      {"fill", Packed(line, trailer(13), 4), false},
+      {"hatch", Packed(1.0, 2.0, line, reference("line", 1), 4.0, 5.0, 6.0, trailer(13)), true},
+      {"hatch", Packed(1.0, 2.0, line, 4.0, 5.0, 6.0, trailer(13)), false},
+      {"element", Packed(run(5), line, 1, 2.0), true},
+      {"element", Packed(run(5), 1, 2.0), false},
+      {"element", Packed(run(5), Bytes().object(Tmxd_simple_fill_symbol::clsid, 6, 1, hollow), 0),
        false},
-      {"decor", packed(2, record("element", 1), record("element", 2)), false},
-      {"scatter", packed(1, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, trailer(13), 7.0), true},
+      {"decor", Packed(2, record("element", 1), record("element", 2)), false},
+      {"scatter", Packed(1, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, trailer(13), 7.0), true},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     const Class_row& row = row_named(c.name);
-    Decoder decoder(Bytes().object(Class_id(row.class_id), 5, 1, c.fields));
+    Decoder decoder(Bytes().object(row.class_id, 5, 1, c.fields));
     const auto source = row.make();
     ASSERT_TRUE(read_object(*source, decoder.stream, -1, -1));
     const auto copy = row.make();
@@ -40,8 +39,8 @@ TEST(Symbol_copies, say_whether_the_slots_were_copied) {
 // A multilayer line of a marker line of a multilayer marker; then a reference to the inmost symbol.
 TEST(Symbol_copies, reach_through_nested_symbols) {
   const Bytes trail =
-      packed(byte(9), 1.5, record("markers", 3), record("dash", 4), run(16), trailer(13), run(25));
-  const Bytes nested = packed(
+      Packed(byte(9), 1.5, record("markers", 3), record("dash", 4), run(16), trailer(13), run(25));
+  const Bytes nested = Packed(
       trailer(13), 1, Bytes().object(Tmxd_marker_line_symbol::clsid, 2, 1, trail), 0, 1, "tag");
   Decoder decoder(Bytes()
                       .object(Tmxd_multilayer_line_symbol::clsid, 1, 2, nested)
@@ -64,55 +63,38 @@ TEST(Symbol_copies, reach_through_nested_symbols) {
   EXPECT_EQ(picture.bytes1, run(65).data());
 }
 
-// Each record refers twice to the one before: forty of them would be a trillion symbols.
-Bytes chain_of_fills() {
-  Bytes chain = record("hatch", 5);
-  for (int n = 6; n < 46; ++n) {
-    const Bytes two = packed(reference("hatch", n - 1), reference("hatch", n - 1));
-    chain.object(Tmxd_line_fill_symbol::clsid, n, 1,
-                 packed(1.0, 2.0, two, 4.0, 5.0, 6.0, trailer(13)));
-  }
-  return chain;
-}
-
-// Here what is copied are decorations, whose copies always answer false.
+// Each decoration refers twice to the one before: forty of them would be a trillion. Their copies
+// always answer false.
 Bytes chain_of_decorations() {
   Bytes chain = record("decor", 5);
   for (int n = 6; n < 46; ++n) {
-    Bytes elements = packed(2);
+    Bytes elements = Packed(2);
     for (const int number : {100 * n, 100 * n + 2}) {
-      const Bytes road = packed(1, 2, 3.0, byte(4), 5.0, Bytes().null_object(),
+      const Bytes road = Packed(1, 2, 3.0, byte(4), 5.0, Bytes().null_object(),
                                 reference("decor", n - 1), trailer(13), byte(6), 7.0, 8.0);
       const Bytes marker = Bytes().object(Tmxd_cartographic_line_symbol::clsid, number, 1, road);
       elements.object(Tmxd_simple_line_decoration_element::clsid, number + 1, 1,
-                      packed(run(5), marker, 0));
+                      Packed(run(5), marker, 0));
     }
     chain.object(Tmxd_line_decoration::clsid, n, 1, elements);
   }
   return chain;
 }
 
-template <class T>
-void expect_end_at_the_budget(const Bytes& chain) {
-  Decoder decoder(chain);
-  std::vector<std::unique_ptr<T>> objects;
+TEST(Symbol_copies, end_at_the_budget) {
+  Decoder decoder(chain_of_decorations());
+  std::vector<std::unique_ptr<Tmxd_line_decoration>> objects;
   do {
-    objects.push_back(std::make_unique<T>());
+    objects.push_back(std::make_unique<Tmxd_line_decoration>());
   } while (read_object(*objects.back(), decoder.stream, -1, -1));
   EXPECT_TRUE(decoder.stream.budget().exhausted());
   EXPECT_LE(decoder.stream.budget().used(), decoder.stream.budget().limit());
-  EXPECT_GT(objects.size(), 8U);
   EXPECT_LT(objects.size(), 20U);
-}
-
-TEST(Symbol_copies, end_at_the_budget) {
-  expect_end_at_the_budget<Tmxd_line_fill_symbol>(chain_of_fills());
-  expect_end_at_the_budget<Tmxd_line_decoration>(chain_of_decorations());
 }
 
 TEST(Symbol_copies, pay_for_the_tag_that_the_layer_was_given) {
   const Bytes tag = Bytes().wide(std::string(4000, 'x'));
-  const Bytes layers = packed(trailer(13), 1, record("line", 2), 1, 0, tag);
+  const Bytes layers = Packed(trailer(13), 1, record("line", 2), 1, 0, tag);
   Decoder decoder(
       Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, layers).add(reference("line", 2)));
   Tmxd_multilayer_line_symbol lines;

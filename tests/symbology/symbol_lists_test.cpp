@@ -1,4 +1,4 @@
-#include "symbology/class_table.h"
+#include "support/class_table.h"
 #include "symbology/line_symbols.h"
 
 namespace mxd::test {
@@ -28,7 +28,7 @@ TEST(Symbol_families, know_their_own_classes) {
       SCOPED_TRACE(row.name + (" but for" + c.not_searched));
       const std::string name = " " + std::string(row.name) + " ";
       const auto candidates = c.family.candidates();
-      const Guid id = Class_id(row.class_id).guid;
+      const Guid id = row.class_id.guid;
       const bool searched = std::ranges::find(candidates, id) != candidates.end();
       const auto object = c.family.create(id);
       const bool own = c.is_own(*row.make());
@@ -43,7 +43,7 @@ TEST(Symbol_families, know_their_own_classes) {
 TEST(Symbol_slot, search) {
   const auto behind = static_cast<std::int64_t>(record("stamp", 1).size());
   for (const std::int64_t limit : {std::int64_t{-1}, behind + 16, behind + 15}) {
-    Decoder decoder(packed(record("stamp", 1), record("line", 2)));
+    Decoder decoder(Packed(record("stamp", 1), record("line", 2)));
     Tmxd_symbol_slot slot;
     slot.read(decoder.stream, limit);
     EXPECT_EQ(slot.get() != nullptr, limit != behind + 15);
@@ -67,7 +67,7 @@ void expect_layers(const char* name, List T::*list, int version, bool tagged) {
   Decoder decoder(whole);
   T object;
   ASSERT_TRUE(read_object(object, decoder.stream, -1, -1));
-  EXPECT_EQ(whole.size() - decoder.stream.tell(), tagged ? 0 : packed("under", "over").size());
+  EXPECT_EQ(whole.size() - decoder.stream.tell(), tagged ? 0 : Packed("under", "over").size());
   EXPECT_EQ(layers_of(object.*list), tagged ? "01under 10over " : "01 10 ");
 }
 
@@ -80,7 +80,7 @@ TEST(Symbol_lists, have_tags_from_a_version_on) {
 }
 
 TEST(Symbol_lists, keep_the_layers_before_a_failure) {
-  const Bytes two = packed(record("line", 1), record("rail", 2));
+  const Bytes two = Packed(record("line", 1), record("rail", 2));
   struct Case {
     const char* what;
     Bytes bytes;
@@ -88,13 +88,13 @@ TEST(Symbol_lists, keep_the_layers_before_a_failure) {
     const char* layers;
   };
   const Case cases[] = {
-      {"none", packed(0, two), true, ""},
-      {"negative", packed(-1, two), true, ""},
-      {"more than stand there", packed(0x7FFFFFFF, two), false, "10 10 "},
-      {"the second one fails", packed(2, record("line", 1), record("rail", 2, 12)), false, "10 "},
-      {"one of another kind", packed(2, record("line", 1), record("dash", 3)), false, "10 "},
-      {"cut in the first flags", packed(2, two, 0), false, "00 10 "},
-      {"cut in the second flags", packed(2, two, 0, 0, 1), false, "01 00 "},
+      {"none", Packed(0, two), true, ""},
+      {"negative", Packed(-1, two), true, ""},
+      {"more than stand there", Packed(0x7FFFFFFF, two), false, "10 10 "},
+      {"the second one fails", Packed(2, record("line", 1), record("rail", 2, 12)), false, "10 "},
+      {"one of another kind", Packed(2, record("line", 1), record("dash", 3)), false, "10 "},
+      {"cut in the first flags", Packed(2, two, 0), false, "00 10 "},
+      {"cut in the second flags", Packed(2, two, 0, 0, 1), false, "01 00 "},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);

@@ -1,5 +1,4 @@
-#include "symbology/class_table.h"
-
+#include "support/class_table.h"
 namespace mxd::test {
 namespace {
 
@@ -10,15 +9,15 @@ bool read_as(T& object, int version, const Bytes& fields) {
 }
 
 Bytes font(int version, int flags, const char* class_id = "0be35203-8f91-11ce-9de3-00aa004bb851") {
-  return packed(Bytes().guid(guid_from_text(class_id)), 1, byte(version), Bytes().u16(204),
-                byte(flags), Bytes().u16(700), 10000, byte(5), Bytes().raw("Serif"));
+  return Packed(Bytes().guid(guid_from_text(class_id)), 1, byte(version), word(204), byte(flags),
+                word(700), 10000, byte(5), Bytes().raw("Serif"));
 }
 
 TEST(Char_marker, reads_what_its_version_has) {
-  const Bytes head = packed(65, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0);
-  const Bytes mark = packed(trailer(13), Bytes().u16(65535));
-  const Bytes other_mark = packed(trailer(13), Bytes().u16(65534));
-  const Bytes named = packed("Arial", 7.0, 8.0, byte(9), byte(10), run(4), run(6));
+  const Bytes head = Packed(65, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0);
+  const Bytes mark = Packed(trailer(13), word(65535));
+  const Bytes other_mark = Packed(trailer(13), word(65534));
+  const Bytes named = Packed("Arial", 7.0, 8.0, byte(9), byte(10), run(4), run(6));
   const Bytes other_class = font(1, 0, "0be35203-8f91-11ce-9de3-00aa004bb852");
   struct Case {
     int version;
@@ -27,15 +26,15 @@ TEST(Char_marker, reads_what_its_version_has) {
     std::string name, font;
   };
   const Case cases[] = {
-      {1, packed(head, mark), true, "", ""},
-      {2, packed(head, font(1, 0), mark), true, "Serif", "Serif"},
-      {3, packed(head, mark, named), true, "Arial", ""},
-      {4, packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
-      {5, packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
-      {1, packed(head, other_mark), false, "", ""},
-      {5, packed(head, other_mark, named, font(1, 0)), false, "", ""},
-      {2, packed(head, font(2, 0), mark), false, "", ""},
-      {4, packed(head, mark, named, other_class), false, "Arial", ""},
+      {1, Packed(head, mark), true, "", ""},
+      {2, Packed(head, font(1, 0), mark), true, "Serif", "Serif"},
+      {3, Packed(head, mark, named), true, "Arial", ""},
+      {4, Packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
+      {5, Packed(head, mark, named, font(1, 0)), true, "Arial", "Serif"},
+      {1, Packed(head, other_mark), false, "", ""},
+      {5, Packed(head, other_mark, named, font(1, 0)), false, "", ""},
+      {2, Packed(head, font(2, 0), mark), false, "", ""},
+      {4, Packed(head, mark, named, other_class), false, "Arial", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.version << " " << c.ok);
@@ -82,13 +81,13 @@ TEST(Symbols, keep_what_stands_before_a_foreign_trailer) {
 }
 
 TEST(Hash_line, takes_its_bytes_behind_a_failed_slot) {
-  const Bytes head = packed(45.0, 1, 2, 3.0, byte(4), 5.0);
+  const Bytes head = Packed(45.0, 1, 2, 3.0, byte(4), 5.0);
   struct Case {
     Bytes fields;
     std::size_t taken;
   };
-  for (const Case& c : {Case{packed(head, record("line", 6, 12), run(40)), 16},
-                        {packed(head, record("line", 6), Bytes().guid({{1}}), run(40)), 16},
+  for (const Case& c : {Case{Packed(head, record("line", 6, 12), run(40)), 16},
+                        {Packed(head, record("line", 6), Bytes().guid({{1}}), run(40)), 16},
                         {head.prefix(27), 16},
                         {head.prefix(24), 0}}) {
     Tmxd_hash_line_symbol symbol;
@@ -101,7 +100,7 @@ TEST(Line_symbols, do_without_slots_templates_and_decorations) {
   const Bytes absent = Bytes().null_object();
   Tmxd_cartographic_line_symbol road;
   ASSERT_TRUE(read_as(
-      road, 1, packed(1, 2, 3.0, byte(4), 5.0, absent, absent, trailer(13), byte(6), 7.0, 8.0)));
+      road, 1, Packed(1, 2, 3.0, byte(4), 5.0, absent, absent, trailer(13), byte(6), 7.0, 8.0)));
   EXPECT_EQ(road.dbl2, 8);
   EXPECT_NE(folded(dump_of(road)).find(" color = UNDEFINED mxd_line_template = {"),
             std::string::npos);
@@ -109,7 +108,7 @@ TEST(Line_symbols, do_without_slots_templates_and_decorations) {
       folded(xml_of(road)).find("<mxd_line_decoration> <exists>false</exists> </mxd_line_deco"),
       std::string::npos);
   Tmxd_marker_line_symbol trail;
-  ASSERT_TRUE(read_as(trail, 1, packed(byte(1), 2.0, absent, run(16), trailer(13), run(25))));
+  ASSERT_TRUE(read_as(trail, 1, Packed(byte(1), 2.0, absent, run(16), trailer(13), run(25))));
   EXPECT_EQ(trail.leading_byte, 1);
   EXPECT_NE(dump_of(trail).find("\n  symbol = UNDEFINED\n"), std::string::npos);
   EXPECT_NE(xml_of(trail).find("\n<pattern_marker>true</pattern_marker>\n"), std::string::npos);
@@ -124,15 +123,15 @@ TEST(Line_parts, claimed_counts) {
   for (const Case& c : {Case{0, true, 0}, {-1, true, 0}, {2, true, 2}, {0x7FFFFFFF, false, 2}}) {
     SCOPED_TRACE(c.count);
     Tmxd_line_template dash;
-    EXPECT_EQ(read_as(dash, 1, packed(2.0, c.count, 1.0, 2.0, 3.0, 4.0)), c.ok);
+    EXPECT_EQ(read_as(dash, 1, Packed(2.0, c.count, 1.0, 2.0, 3.0, 4.0)), c.ok);
     EXPECT_EQ(dash.items.size(), c.kept);
     Tmxd_simple_line_decoration_element element;
-    EXPECT_EQ(read_as(element, 1, packed(run(5), c.count, 1.0, 2.0)), c.ok);
+    EXPECT_EQ(read_as(element, 1, Packed(run(5), c.count, 1.0, 2.0)), c.ok);
     EXPECT_EQ(element.positions.size(), c.kept);
     EXPECT_EQ(dump_of(element).find("\n  positions = \n") != std::string::npos, c.kept == 0);
     Tmxd_line_decoration decor;
-    const Bytes two = packed(record("element", 6), record("element", 7));
-    EXPECT_EQ(read_as(decor, 1, packed(c.count, two, record("dash", 8))), c.ok);
+    const Bytes two = Packed(record("element", 6), record("element", 7));
+    EXPECT_EQ(read_as(decor, 1, Packed(c.count, two, record("dash", 8))), c.ok);
     EXPECT_EQ(decor.elements.size(), c.kept);
   }
 }

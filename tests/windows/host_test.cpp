@@ -7,33 +7,16 @@
 
 #include "document/map.h"
 #include "support/compound_builder.h"
+#include "support/host_document.h"
 #include "support/object_builder.h"
 #include "support/sample_document.h"
 #include "support/temp_file.h"
-#include "vqk_file_mxd.h"
 #include "windows/child.h"
 
 namespace mxd::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-class Document {
- public:
-  Document() = default;
-  Document(const Document&) = delete;
-  Document& operator=(const Document&) = delete;
-  ~Document() { vq_mxd_mxd_destroy(handle_); }
-
-  bool load(const std::wstring& path) { return vq_mxd_mxd_load(handle_, path.c_str()) == 1; }
-  bool save_xml(const std::wstring& path) {
-    return vq_mxd_mxd_save_xml(handle_, path.c_str()) == 1;
-  }
-  std::int64_t maps() { return vq_mxd_maps_get_size(vq_mxd_mxd_get_maps(handle_)); }
-
- private:
-  vq_mxd_mxd* handle_ = vq_mxd_mxd_create();
-};
 
 // Of the two maps the first breaks off in its name.
 Byte_run damaged_document() {
@@ -53,10 +36,10 @@ TEST(Host, paths_of_any_script_are_loaded_and_saved) {
        {u"\u041A\u0430\u0440\u0442\u0430.mxd", u"\u5730\u56F3.mxd", u"a map \u041A \u5730.mxd"}) {
     const Temp_file file(sample_document(), name);
     const std::wstring xml = file.path() + L".xml";
-    Document document;
+    Host_document document;
     EXPECT_TRUE(document.load(file.path()));
     EXPECT_EQ(3, document.maps());
-    EXPECT_TRUE(document.save_xml(xml));
+    EXPECT_TRUE(document.save(xml));
     EXPECT_NE(std::string::npos,
               bytes_of(xml).find(to_narrow(file.path().substr(file.folder().size())) +
                                  "</filename>\r\n"));
@@ -65,8 +48,8 @@ TEST(Host, paths_of_any_script_are_loaded_and_saved) {
 
 TEST(Host, xml_has_the_line_ends_of_the_system) {
   const Temp_file file(sample_document());
-  Document document;
-  ASSERT_TRUE(document.load(file.path()) && document.save_xml(file.beside(u"out.xml")));
+  Host_document document;
+  ASSERT_TRUE(document.load(file.path()) && document.save(file.beside(u"out.xml")));
   const std::string xml = bytes_of(file.beside(u"out.xml"));
   EXPECT_EQ(0U, xml.find("<?xml version = \"1.0\" encoding = \"windows-1251\"?>\r\n\r\n<mxd_mxd>"));
   for (std::size_t i = xml.find('\n'); i != xml.npos; i = xml.find('\n', i + 1)) {
@@ -86,10 +69,10 @@ TEST(Host, long_paths_are_loaded_and_saved_behind_their_prefix) {
   path += L"\\map.mxd";
   ASSERT_GT(path.size(), 300U);
   fs::copy_file(file.path(), path);
-  Document document;
+  Host_document document;
   EXPECT_TRUE(document.load(path));
   EXPECT_EQ(3, document.maps());
-  EXPECT_TRUE(document.save_xml(path + L".xml"));
+  EXPECT_TRUE(document.save(path + L".xml"));
   EXPECT_NE(std::string::npos, bytes_of(path + L".xml").find("</mxd_mxd>"));
 
   // Without the prefix, as the folder is removed, such names are out of reach.
@@ -99,7 +82,7 @@ TEST(Host, long_paths_are_loaded_and_saved_behind_their_prefix) {
 
 TEST(Host, a_file_that_another_process_writes_is_loaded_once_released) {
   const Temp_file file(sample_document());
-  Document document;
+  Host_document document;
   Child writer(Task::hold, file.path(), Child_streams::piped);
   ASSERT_EQ("held\r\n", writer.read_line());
   const auto start = std::chrono::steady_clock::now();

@@ -1,0 +1,79 @@
+// Every class of the symbology, with a record of it.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+#include "support/object_builder.h"
+#include "symbology/fill_symbols.h"
+#include "symbology/line_symbols.h"
+#include "symbology/marker_symbols.h"
+
+namespace mxd::test {
+
+struct Class_row {
+  const char* name;
+  std::string_view type;
+  Class_id class_id;
+  int version;
+  // The symbol trailer's first word is 13 in a valid record.
+  Bytes (*fields)(int number, int mark);
+  std::unique_ptr<Tmxd_obj> (*make)();
+  void (*expect_prefixes_fail)(const Bytes& record, std::size_t complete_from);
+};
+
+template <class T>
+Class_row class_row(const char* name, int version, Bytes (*fields)(int number, int mark)) {
+  return {name,
+          T::type,
+          T::clsid,
+          version,
+          fields,
+          [] { return std::unique_ptr<Tmxd_obj>(std::make_unique<T>()); },
+          expect_prefixes_fail<T>};
+}
+
+const std::vector<Class_row>& class_table();
+
+inline const Class_row& row_named(std::string_view name) {
+  const auto& rows = class_table();
+  const auto found = std::find_if(rows.begin(), rows.end(),
+                                  [&](const Class_row& row) { return name == row.name; });
+  return found == rows.end() ? throw std::string(name) : *found;
+}
+
+inline Bytes record(const Class_row& row, int number, int mark = 13) {
+  return Bytes().object(row.class_id, number, row.version, row.fields(number, mark));
+}
+inline Bytes record(std::string_view name, int number, int mark = 13) {
+  return record(row_named(name), number, mark);
+}
+
+// The same object of that number, written as a reference.
+inline Bytes reference(std::string_view name, int number) {
+  return Bytes().reference(row_named(name).class_id, number);
+}
+
+inline std::string folded(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    const char plain = c == '\n' ? ' ' : c;
+    if (plain != ' ' || (!result.empty() && result.back() != ' ')) result.push_back(plain);
+  }
+  if (!result.empty() && result.back() == ' ') result.pop_back();
+  return result;
+}
+
+// The dump without the header's lines, which no copy shares with its source.
+inline std::string fields_of(const Tmxd_obj& object) {
+  std::string result;
+  std::istringstream lines(dump_of(object));
+  for (std::string line; std::getline(lines, line);) {
+    const std::string key = folded(line).substr(0, folded(line).find(' '));
+    if (key != "number" && key != "reserve" && key != "version") result += line + "\n";
+  }
+  return result;
+}
+
+}  // namespace mxd::test
