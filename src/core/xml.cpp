@@ -104,13 +104,15 @@ template <class Put>
 void Xml_tree::add_leaf(Tmxd_xml_node parent, const Xml_name& name, std::size_t most, Put put) {
   begin_child(parent.level);
   char* to = text_.room(2 * (name.word.size() + longest_name_number) + most + 6);
-  to = put_name(Text_blocks::put(to, "\n<"), name);
+  const char* tag = to = Text_blocks::put(to, "\n<");
+  to = put_name(to, name);
   if (most == 0) {
     text_.keep(Text_blocks::put(to, "/>"));
     return;
   }
+  const std::string_view written(tag, static_cast<std::size_t>(to - tag));
   to = put(Text_blocks::put(to, ">"));
-  to = put_name(Text_blocks::put(to, "</"), name);
+  to = Text_blocks::put(Text_blocks::put(to, "</"), written);
   text_.keep(Text_blocks::put(to, ">"));
 }
 
