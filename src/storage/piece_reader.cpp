@@ -6,7 +6,9 @@
 namespace mxd {
 
 Piece_reader::Piece_reader(Tmxd_stream& stream, std::uint64_t reachable)
-    : stream_(stream), file_size_(std::min(stream.get_size(), reachable)) {}
+    : stream_(stream),
+      file_size_(std::min(stream.get_size(), reachable)),
+      unwanted_left_(static_cast<std::int64_t>(file_size_ / unwanted_share)) {}
 
 bool Piece_reader::in_file(std::int64_t offset, std::size_t length) const {
   return offset >= 0 && length <= file_size_ &&
@@ -53,7 +55,8 @@ std::size_t Piece_reader::pieces_in_window(std::span<const std::int64_t> offsets
     low = std::min(low, offsets[i]);
     high = std::max(high, offsets[i] + size);
     if (high - low > window_size) break;
-    if (high - low <= most_per_byte * static_cast<std::int64_t>(i + 1) * size) count = i + 1;
+    const std::int64_t unwanted = high - low - static_cast<std::int64_t>(i + 1) * size;
+    if (unwanted <= unwanted_left_) count = i + 1;
   }
   return count;
 }
@@ -63,6 +66,9 @@ std::size_t Piece_reader::read_window(std::span<const std::int64_t> offsets, std
   const auto [low, high] = std::ranges::minmax(offsets);
   std::array<std::uint8_t, window_size> window;
   const auto size = static_cast<std::size_t>(high - low) + piece;
+  // Pieces may be the same ones again: that earns nothing.
+  unwanted_left_ -= std::max<std::int64_t>(
+      static_cast<std::int64_t>(size) - static_cast<std::int64_t>(to.size()), 0);
   const std::size_t arrived = read_bytes(low, std::span(window).first(size));
   for (std::size_t i = 0; i < offsets.size(); ++i) {
     const auto start = static_cast<std::size_t>(offsets[i] - low);

@@ -29,10 +29,10 @@ class Piece_reader {
                    std::span<std::uint8_t> to);
 
  private:
-  // A call to the system costs as much as some thousand bytes; the bytes that are read for each
-  // wanted one are bounded, so that no file makes this dear.
+  // A call to the system costs as much as some thousand bytes. What is read besides is bounded by
+  // a part of the file, so that no file makes this dear.
   static constexpr std::int64_t window_size = 16384;
-  static constexpr std::int64_t most_per_byte = 8;
+  static constexpr std::uint64_t unwanted_share = 16;
 
   std::size_t pieces_in_a_row(std::span<const std::int64_t> offsets, std::size_t piece) const;
   std::size_t pieces_in_window(std::span<const std::int64_t> offsets, std::size_t piece) const;
@@ -43,6 +43,7 @@ class Piece_reader {
 
   Tmxd_stream& stream_;
   std::uint64_t file_size_;
+  std::int64_t unwanted_left_;
   std::uint64_t bytes_read_ = 0;
 };
 
