@@ -26,7 +26,7 @@ TEST(Symbol_families, know_their_own_classes) {
   for (const Case& c : cases) {
     for (const Class_row& row : class_table()) {
       SCOPED_TRACE(row.name + (" but for" + c.not_searched));
-      const std::string name = " " + std::string(row.name) + " ";
+      const std::string name = std::string(" ").append(row.name).append(" ");
       const auto candidates = c.family.candidates();
       const Guid id = row.class_id.guid;
       const bool searched = std::ranges::find(candidates, id) != candidates.end();
