@@ -5,9 +5,10 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 #include <string_view>
 #include <vector>
+
+#include "storage/unfilled.h"
 
 namespace mxd {
 
@@ -46,13 +47,13 @@ class Text_blocks {
   // Errors are the file's.
   void write(std::FILE* file) const {
     for (const Block& block : blocks_) {
-      static_cast<void>(std::fwrite(block.text.get(), 1, block.size, file));
+      static_cast<void>(std::fwrite(block.room.data(), 1, block.size, file));
     }
   }
 
  private:
   struct Block {
-    std::unique_ptr<char[]> text;
+    Unfilled<char> room;
     std::size_t size;
   };
   static constexpr std::size_t block_size = std::size_t{1} << 16;
@@ -64,10 +65,9 @@ class Text_blocks {
   }
 
   void add_block(std::size_t size) {
-    const std::size_t room = std::max(size, block_size);
-    blocks_.push_back({std::make_unique_for_overwrite<char[]>(room), 0});
-    end_ = blocks_.back().text.get();
-    left_ = room;
+    blocks_.push_back({Unfilled<char>(std::max(size, block_size)), 0});
+    end_ = blocks_.back().room.data();
+    left_ = blocks_.back().room.size();
   }
 
   std::vector<Block> blocks_;

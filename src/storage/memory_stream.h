@@ -3,28 +3,14 @@
 
 #include <cstring>
 #include <limits>
-#include <memory>
-#include <new>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "storage/stream.h"
+#include "storage/unfilled.h"
 
 namespace mxd {
-
-// Leaves new elements as they are: a stream of megabytes is not written twice.
-template <class T>
-struct Unfilled_allocator : std::allocator<T> {
-  template <class Other>
-  struct rebind {
-    using other = Unfilled_allocator<Other>;
-  };
-  template <class Other>
-  void construct(Other* place) {
-    ::new (static_cast<void*>(place)) Other;
-  }
-};
 
 class Tmxd_stream_m final : public Tmxd_stream {
  public:
@@ -60,7 +46,7 @@ class Tmxd_stream_m final : public Tmxd_stream {
   }
 
   std::uint64_t position_ = 0;
-  std::vector<std::uint8_t, Unfilled_allocator<std::uint8_t>> data_;
+  Unfilled<std::uint8_t> data_;
 };
 
 }  // namespace mxd

@@ -26,7 +26,7 @@ class Native_file {
   // False when nothing was open.
   bool close();
 
-  // The position moved to.
+  // The position moved to. Only the end is asked of the system.
   std::optional<std::uint64_t> seek(std::int64_t distance, Seek_origin origin);
   // How many bytes; fewer than wanted only at the end of the file (or of the disk). Nothing after
   // an error.
@@ -37,8 +37,9 @@ class Native_file {
 
  private:
   static constexpr std::intptr_t closed = -1;
+  std::optional<std::int64_t> size() const;
+
   std::intptr_t handle_ = closed;
-  // Where the system can read at a position, moving there costs no call to it.
   std::uint64_t position_ = 0;
 };
 

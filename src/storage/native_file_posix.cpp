@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <limits>
 #include <new>
 #include <string>
 #include <thread>
@@ -16,6 +15,8 @@
 
 namespace mxd {
 namespace {
+
+static_assert(sizeof(off_t) == sizeof(std::int64_t));
 
 template <typename Call>
 auto retry_interrupted(Call call) {
@@ -105,20 +106,10 @@ bool Native_file::close() {
   return ::close(descriptor) == 0 || errno == EINTR;
 }
 
-std::optional<std::uint64_t> Native_file::seek(std::int64_t distance, Seek_origin origin) {
-  if (handle_ == closed) return std::nullopt;
-  std::int64_t base = 0;
-  if (origin == Seek_origin::current) base = static_cast<std::int64_t>(position_);
-  if (origin == Seek_origin::end) {
-    struct stat status;
-    if (::fstat(descriptor_of(handle_), &status) != 0) return std::nullopt;
-    base = status.st_size;
-  }
-  if (distance > std::numeric_limits<std::int64_t>::max() - base || base + distance < 0) {
-    return std::nullopt;
-  }
-  position_ = static_cast<std::uint64_t>(base + distance);
-  return position_;
+std::optional<std::int64_t> Native_file::size() const {
+  struct stat status;
+  if (::fstat(descriptor_of(handle_), &status) != 0) return std::nullopt;
+  return status.st_size;
 }
 
 std::optional<std::uint32_t> Native_file::read(void* buffer, std::uint32_t size) {

@@ -10,6 +10,13 @@ HANDLE handle_of(std::intptr_t handle) {
   return reinterpret_cast<HANDLE>(handle);
 }
 
+OVERLAPPED place_of(std::uint64_t position) {
+  OVERLAPPED place = {};
+  place.Offset = static_cast<DWORD>(position);
+  place.OffsetHigh = static_cast<DWORD>(position >> 32);
+  return place;
+}
+
 }  // namespace
 
 Open_result Native_file::open(const Wide_string& path, File_access access, File_creation creation) {
@@ -25,6 +32,7 @@ Open_result Native_file::open(const Wide_string& path, File_access access, File_
                                                      : Open_result::failed;
   }
   handle_ = reinterpret_cast<std::intptr_t>(handle);
+  position_ = 0;
   return Open_result::opened;
 }
 
@@ -35,31 +43,37 @@ bool Native_file::close() {
   return CloseHandle(handle) != 0;
 }
 
-std::optional<std::uint64_t> Native_file::seek(std::int64_t distance, Seek_origin origin) {
-  const DWORD method = origin == Seek_origin::begin     ? FILE_BEGIN
-                       : origin == Seek_origin::current ? FILE_CURRENT
-                                                        : FILE_END;
-  LARGE_INTEGER move;
-  LARGE_INTEGER position;
-  move.QuadPart = distance;
-  if (SetFilePointerEx(handle_of(handle_), move, &position, method) == 0) return std::nullopt;
-  return static_cast<std::uint64_t>(position.QuadPart);
+std::optional<std::int64_t> Native_file::size() const {
+  LARGE_INTEGER size;
+  if (GetFileSizeEx(handle_of(handle_), &size) == 0) return std::nullopt;
+  return size.QuadPart;
 }
 
 std::optional<std::uint32_t> Native_file::read(void* buffer, std::uint32_t size) {
   DWORD done = 0;
-  if (ReadFile(handle_of(handle_), buffer, size, &done, nullptr) == 0) return std::nullopt;
+  OVERLAPPED place = place_of(position_);
+  // Behind the end is an error here, where elsewhere nothing is read.
+  if (ReadFile(handle_of(handle_), buffer, size, &done, &place) == 0 &&
+      GetLastError() != ERROR_HANDLE_EOF) {
+    return std::nullopt;
+  }
+  position_ += done;
   return static_cast<std::uint32_t>(done);
 }
 
 std::optional<std::uint32_t> Native_file::write(const void* buffer, std::uint32_t size) {
   DWORD done = 0;
-  if (WriteFile(handle_of(handle_), buffer, size, &done, nullptr) == 0) return std::nullopt;
+  OVERLAPPED place = place_of(position_);
+  if (WriteFile(handle_of(handle_), buffer, size, &done, &place) == 0) return std::nullopt;
+  position_ += done;
   return static_cast<std::uint32_t>(done);
 }
 
 bool Native_file::set_end() {
-  return SetEndOfFile(handle_of(handle_)) != 0;
+  LARGE_INTEGER end;
+  end.QuadPart = static_cast<LONGLONG>(position_);
+  return SetFilePointerEx(handle_of(handle_), end, nullptr, FILE_BEGIN) != 0 &&
+         SetEndOfFile(handle_of(handle_)) != 0;
 }
 
 void sleep_one_millisecond() {

@@ -51,6 +51,7 @@ std::size_t Piece_reader::pieces_in_window(std::span<const std::int64_t> offsets
   std::size_t count = 0;
   std::int64_t low = offsets.front();
   std::int64_t high = low;
+  if (piece < least_piece) return 0;
   for (std::size_t i = 0; i < offsets.size() && in_file(offsets[i], piece); ++i) {
     low = std::min(low, offsets[i]);
     high = std::max(high, offsets[i] + size);
@@ -66,9 +67,7 @@ std::size_t Piece_reader::read_window(std::span<const std::int64_t> offsets, std
   const auto [low, high] = std::ranges::minmax(offsets);
   std::array<std::uint8_t, window_size> window;
   const auto size = static_cast<std::size_t>(high - low) + piece;
-  // Pieces may be the same ones again: that earns nothing.
-  unwanted_left_ -= std::max<std::int64_t>(
-      static_cast<std::int64_t>(size) - static_cast<std::int64_t>(to.size()), 0);
+  unwanted_left_ -= static_cast<std::int64_t>(size) - static_cast<std::int64_t>(to.size());
   const std::size_t arrived = read_bytes(low, std::span(window).first(size));
   for (std::size_t i = 0; i < offsets.size(); ++i) {
     const auto start = static_cast<std::size_t>(offsets[i] - low);

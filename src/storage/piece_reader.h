@@ -33,6 +33,8 @@ class Piece_reader {
   // a part of the file, so that no file makes this dear.
   static constexpr std::int64_t window_size = 16384;
   static constexpr std::uint64_t unwanted_share = 16;
+  // Of smaller ones, which no honest file has, there are too many in a window.
+  static constexpr std::size_t least_piece = 64;
 
   std::size_t pieces_in_a_row(std::span<const std::int64_t> offsets, std::size_t piece) const;
   std::size_t pieces_in_window(std::span<const std::int64_t> offsets, std::size_t piece) const;
