@@ -1,10 +1,12 @@
 // make_large_document DOCUMENT MEGABYTES OUTPUT: repeats the maps of a document until its stream is
-// that long. Objects are numbered anew, so that no repetition refers to the one before.
+// that long. Objects are numbered anew, so that no repetition refers to the one before; where there
+// are not enough numbers for that, noise follows each repetition, as much in small documents.
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 
-#include "document/known_class_ids.h"
+#include "class_ids.h"
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
 #include "storage/native_path.h"
@@ -14,35 +16,44 @@ namespace {
 
 using namespace mxd;
 
-// The places of the numbers: behind each class id but those of property pages, which have none.
-std::vector<std::size_t> number_places(std::span<const std::uint8_t> stream) {
+// Property pages and fonts have no number behind their class id.
+bool has_number(const Guid& id) {
+  constexpr Class_id font("0be35203-8f91-11ce-9de3-00aa004bb851");
   const auto pages = property_page_ids();
+  return id != font.guid && std::ranges::find(pages, id) == pages.end();
+}
+
+std::vector<std::size_t> number_places(std::span<const std::uint8_t> stream) {
+  const Class_id_filter filter(fuzz::all_class_ids());
   std::vector<std::size_t> result;
-  for (const Class_id_place& place : known_class_ids().places(stream)) {
-    const Guid& id = known_class_ids().table().class_ids()[place.class_index];
+  for (const Class_id_place& place : filter.places(stream)) {
+    const Guid& id = filter.table().class_ids()[place.class_index];
     const auto number = static_cast<std::size_t>(place.position) + 16;
-    if (std::ranges::find(pages, id) == pages.end() && number + 2 <= stream.size()) {
-      result.push_back(number);
-    }
+    if (has_number(id) && number + 2 <= stream.size()) result.push_back(number);
   }
   return result;
 }
 
-unsigned number_at(std::span<const std::uint8_t> stream, std::size_t place) {
-  return stream[place] + 256U * stream[place + 1];
-}
-
 Byte_run enlarged(std::span<const std::uint8_t> stream, std::size_t size) {
   constexpr std::ptrdiff_t count_size = 4;
+  constexpr std::size_t largest = std::size_t{64} << 20;
   const auto places = number_places(stream);
-  unsigned numbers = 0;
-  for (const std::size_t place : places) numbers = std::max(numbers, number_at(stream, place) + 1);
+  std::map<unsigned, unsigned> numbers;
+  for (const std::size_t place : places) {
+    const unsigned number = stream[place] + 256U * stream[place + 1];
+    numbers.try_emplace(number, static_cast<unsigned>(numbers.size()));
+  }
+  const std::size_t most_repetitions = 65536 / std::max<std::size_t>(numbers.size(), 1);
+  const Byte_run noise = test::noise(std::max(largest / most_repetitions + 1, stream.size()));
   Byte_run result(stream.begin(), stream.begin() + count_size);
-  for (unsigned first = 0; result.size() < size; first += numbers) {
+  for (std::size_t first = 0; result.size() < size; first += numbers.size()) {
     const std::size_t start = result.size() - count_size;
     result.insert(result.end(), stream.begin() + count_size, stream.end());
+    result.insert(result.end(), noise.begin() + static_cast<std::ptrdiff_t>(stream.size()),
+                  noise.end());
     for (const std::size_t place : places) {
-      const unsigned number = number_at(stream, place) + first;
+      const unsigned old_number = stream[place] + 256U * stream[place + 1];
+      const std::size_t number = numbers[old_number] + first;
       result[start + place] = static_cast<std::uint8_t>(number);
       result[start + place + 1] = static_cast<std::uint8_t>(number >> 8);
     }

@@ -103,6 +103,9 @@ TEST(Primitives, guids_class_ids_and_the_symbol_trailer) {
   EXPECT_TRUE(is_class_id(stored, id));
   EXPECT_FALSE(is_class_id(stored.prefix(15), id));
   EXPECT_FALSE(is_class_id(Bytes().zeros(16), id));
+  Decoder broken(stored.prefix(15));
+  EXPECT_FALSE(read_class_id(broken.stream, id));
+  EXPECT_EQ(15U, broken.stream.tell()) << "what there is of it is consumed";
   // Pairs that are no numbers, and texts that end too soon.
   EXPECT_EQ(0x0A, guid_from_text("a-zz").bytes[0]);
   EXPECT_EQ(0, guid_from_text("a-zz").bytes[1]);
