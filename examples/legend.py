@@ -76,10 +76,14 @@ def print_map(lib, handle):
 
 
 def main():
+    if len(sys.argv) != 3:
+        sys.exit("usage: legend.py LIBRARY FILE")
     library, path = sys.argv[1:]
+    # A name that is no UTF-8 has surrogates for its bytes, as the library wants them.
+    sys.stdout.reconfigure(errors="surrogateescape")
     lib = Library(library)
     document = lib.create()
-    if not lib.mxd_load(document, path.encode("utf-16-le") + b"\0\0"):
+    if not lib.mxd_load(document, path.encode("utf-16-le", "surrogatepass") + b"\0\0"):
         sys.exit(f"{path}: not readable as a map document")
     print(path)
     for handle in lib.items("maps", lib.mxd_get_maps(document)):
