@@ -19,14 +19,34 @@ static void print_text(const vq_mxd_char* text) {
   }
 }
 
-/* UTF-8 to UTF-16, for the path: up to three bytes a character. */
+/* The first character of UTF-8, and of how many bytes it is. A byte that starts none becomes
+   0xDC00 + byte, which the library turns into that byte again. */
+static size_t first_character(const char* utf8, unsigned int* character) {
+  static const unsigned int least[] = {0, 0x80, 0x800, 0x10000};
+  const unsigned int first = (unsigned char)*utf8;
+  const size_t more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+  unsigned int c = first & (0x7Fu >> more);
+  size_t i;
+  for (i = 1; i <= more && (utf8[i] & 0xC0) == 0x80; ++i) c = c << 6 | (unsigned)(utf8[i] & 0x3F);
+  if (i <= more || (more == 0 && first >= 0x80) || c < least[more] || c > 0x10FFFF ||
+      (c >= 0xD800 && c < 0xE000)) {
+    *character = 0xDC00 + first;
+    return 1;
+  }
+  *character = c;
+  return more + 1;
+}
+
+/* UTF-8 to UTF-16, for the path. */
 static void widen(const char* utf8, vq_mxd_char* wide, size_t capacity) {
   size_t length = 0;
-  while (*utf8 != '\0' && length + 1 < capacity) {
-    unsigned int c = (unsigned char)*utf8++;
-    int more = c >= 0xE0 ? 2 : c >= 0xC0 ? 1 : 0;
-    if (more > 0) c &= more == 2 ? 0x0F : 0x1F;
-    for (; more > 0 && *utf8 != '\0'; --more) c = c << 6 | ((unsigned char)*utf8++ & 0x3F);
+  while (*utf8 != '\0' && length + 2 < capacity) {
+    unsigned int c;
+    utf8 += first_character(utf8, &c);
+    if (c >= 0x10000) {
+      wide[length++] = (vq_mxd_char)(0xD800 + ((c - 0x10000) >> 10));
+      c = 0xDC00 + (c & 0x3FF);
+    }
     wide[length++] = (vq_mxd_char)c;
   }
   wide[length] = 0;

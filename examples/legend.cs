@@ -127,6 +127,11 @@ static class Legend
 
     static int Main(string[] arguments)
     {
+        if (arguments.Length != 1)
+        {
+            Console.Error.WriteLine("usage: legend FILE");
+            return 2;
+        }
         IntPtr document = Library.vq_mxd_mxd_create();
         if (Library.vq_mxd_mxd_load(document, arguments[0]) == 0)
         {

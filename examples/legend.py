@@ -7,17 +7,22 @@ import sys
 class Library:
     """The functions by their names without the prefix; handles and texts are plain addresses."""
 
+    # Those of the functions called here that give numbers. Some sizes are int32_t or double.
+    NUMBERS = {
+        "mxd_load": ctypes.c_int,
+        "obj_get_repeat": ctypes.c_int,
+        "color_get_rgb": ctypes.c_int,
+        "maps_get_size": ctypes.c_int64,
+        "layers_get_size": ctypes.c_int64,
+        "legend_group_get_size": ctypes.c_int64,
+    }
+
     def __init__(self, path):
         self.dll = ctypes.CDLL(path)
 
     def __getattr__(self, name):
         function = getattr(self.dll, "vq_mxd_" + name)
-        if name.endswith(("_load", "_get_repeat")):
-            function.restype = ctypes.c_int
-        elif name.endswith("_get_size"):
-            function.restype = ctypes.c_int64
-        else:
-            function.restype = ctypes.c_void_p
+        function.restype = self.NUMBERS.get(name, ctypes.c_void_p)
         return lambda handle, *more: function(ctypes.c_void_p(handle), *more)
 
     def create(self):
@@ -76,10 +81,14 @@ def print_map(lib, handle):
 
 
 def main():
+    if len(sys.argv) != 3:
+        sys.exit("usage: legend.py LIBRARY FILE")
     library, path = sys.argv[1:]
+    # A name that is no UTF-8 has surrogates for its bytes, as the library wants them.
+    sys.stdout.reconfigure(errors="surrogateescape")
     lib = Library(library)
     document = lib.create()
-    if not lib.mxd_load(document, path.encode("utf-16-le") + b"\0\0"):
+    if not lib.mxd_load(document, path.encode("utf-16-le", "surrogatepass") + b"\0\0"):
         sys.exit(f"{path}: not readable as a map document")
     print(path)
     for handle in lib.items("maps", lib.mxd_get_maps(document)):

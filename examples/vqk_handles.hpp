@@ -32,17 +32,22 @@ struct Items {
   const Item* (*get)(const List*, int32_t);
 };
 
-// A document, loaded; everything below it lives as long as this does.
-struct Document : std::unique_ptr<vq_mxd_mxd, void (*)(vq_mxd_mxd*)> {
+// A document, loaded; everything below it lives as long as this does, or as the one that it was
+// moved to: nothing may be asked of this then.
+class Document : std::unique_ptr<vq_mxd_mxd, void (*)(vq_mxd_mxd*)> {
+ public:
+  using unique_ptr::get;
   explicit Document(const std::filesystem::path& path)
       : unique_ptr(vq_mxd_mxd_create(), vq_mxd_mxd_destroy) {
     if (!get() || !vq_mxd_mxd_load(get(), path.string<vq_mxd_char>().c_str())) {
       throw std::runtime_error(path.string() + ": not readable as a map document");
     }
   }
-  auto maps() const {
+  auto maps() const& {
     return Items(vq_mxd_mxd_get_maps(get()), vq_mxd_maps_get_size, vq_mxd_maps_get);
   }
+  // The maps of a document that is gone at the end of the line.
+  auto maps() const&& = delete;
 };
 
 // Halves of surrogate pairs become "?".

@@ -204,8 +204,8 @@ VQ_MXD_API int vq_mxd_obj_get_repeat(const vq_mxd_obj* object);
    held by an object that only repeats another has the number 0. */
 VQ_MXD_API unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object);
 
-/** The name of the object's class, such as "mxd_simple_line_symbol". Valid until the next call for
-   the same object. */
+/** The name of the object's class, such as "mxd_simple_line_symbol". Valid as long as the object
+   is. */
 VQ_MXD_API const char* vq_mxd_obj_get_type_str(const vq_mxd_obj* object);
 /** @} */
 

@@ -30,11 +30,7 @@ unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object) {
 }
 
 const char* vq_mxd_obj_get_type_str(const vq_mxd_obj* object) {
-  try {
-    return api::object<Tmxd_obj>(object).type_str();
-  } catch (...) {
-    return "";
-  }
+  return api::object<Tmxd_obj>(object).type_str();
 }
 
 const vq_mxd_char_marker_symbol* vq_mxd_symbol_cast_char_marker(const vq_mxd_symbol* symbol) {

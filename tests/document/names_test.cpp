@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "support/document_records.h"
 #include "support/golden.h"
 
@@ -20,8 +22,8 @@ Bytes feature_class_fields(const Bytes& dataset_name) {
 }
 
 // The same number again is a copy with the same fields, and in XML the reference alone. Optional
-// bytes at the end of the record may be missing.
-template <class T>
+// bytes at the end of the record may be missing. Slot is void for a class that no slot holds.
+template <class T, class Slot>
 void expect_shown_and_copied(const Bytes& fields, std::size_t optional = 0) {
   SCOPED_TRACE(T::type);
   const Bytes record = Bytes().object(T::clsid, 9, 2, fields);
@@ -32,6 +34,7 @@ void expect_shown_and_copied(const Bytes& fields, std::size_t optional = 0) {
   expect_golden("document", std::string(T::type), object);
   expect_golden("document", std::string(T::type) + ", again", copy);
   expect_prefixes_fail<T>(record, record.size() - optional);
+  if constexpr (!std::is_void_v<Slot>) expect_found<T, Slot>(record);
 }
 
 TEST(Names, read_shown_and_copied) {
@@ -40,12 +43,13 @@ TEST(Names, read_shown_and_copied) {
                      Bytes().wide("one").wide("two").wide("three").wide("four").u8(200));
   const Bytes raster = Bytes().u16(0xFFFF).wide("image.tif").wide("Raster").wide("").wide("four");
   const Bytes in_dataset = feature_class_fields(dataset);
-  expect_shown_and_copied<Tmxd_workspace_name>(Bytes().wide("C:\\a & b"));
-  expect_shown_and_copied<Tmxd_feature_class_name>(in_dataset, dataset.size());
-  expect_shown_and_copied<Tmxd_fgdb_feature_class_name>(Bytes().i32(-7).add(in_dataset),
-                                                        dataset.size());
-  expect_shown_and_copied<Tmxd_raster_dataset_name>(raster);
-  expect_shown_and_copied<Tmxd_fgdb_raster_dataset_name>(raster);
+  expect_shown_and_copied<Tmxd_workspace_name, void>(Bytes().wide("C:\\a & b"));
+  expect_shown_and_copied<Tmxd_feature_class_name, Tmxd_feature_class_name_slot>(in_dataset,
+                                                                                 dataset.size());
+  expect_shown_and_copied<Tmxd_fgdb_feature_class_name, Tmxd_feature_class_name_slot>(
+      Bytes().i32(-7).add(in_dataset), dataset.size());
+  expect_shown_and_copied<Tmxd_raster_dataset_name, Tmxd_raster_dataset_name_slot>(raster);
+  expect_shown_and_copied<Tmxd_fgdb_raster_dataset_name, Tmxd_raster_dataset_name_slot>(raster);
 }
 
 TEST(Names, a_feature_class_need_not_name_a_dataset) {
@@ -64,10 +68,10 @@ TEST(Names, a_feature_class_need_not_name_a_dataset) {
 
 TEST(Coordinate_systems, read_shown_and_copied) {
   const Bytes wkt = Bytes().narrow(std::string("GEOGCS[\"GCS\"]\xE9") + '\0' + "behind");
-  expect_shown_and_copied<Tmxd_geographic_coordinate_system>(wkt);
-  expect_shown_and_copied<Tmxd_projected_coordinate_system>(wkt);
+  expect_shown_and_copied<Tmxd_geographic_coordinate_system, Tmxd_coordinate_system_slot>(wkt);
+  expect_shown_and_copied<Tmxd_projected_coordinate_system, Tmxd_coordinate_system_slot>(wkt);
   const Bytes unknown = Bytes().wide("Unknown");
-  expect_shown_and_copied<Tmxd_unknown_coordinate_system>(unknown);
+  expect_shown_and_copied<Tmxd_unknown_coordinate_system, Tmxd_coordinate_system_slot>(unknown);
   Decoder decoder(Bytes().object(Tmxd_unknown_coordinate_system::clsid, 9, 2, unknown));
   Tmxd_unknown_coordinate_system system;
   ASSERT_TRUE(read_object(system, decoder.stream, 0, -1));

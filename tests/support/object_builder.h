@@ -137,4 +137,13 @@ void expect_prefixes_fail(const Bytes& record) {
   expect_prefixes_fail<T>(record, record.size());
 }
 
+// A slot looks for the class, and makes an object of it.
+template <class T, class Slot>
+void expect_found(const Bytes& record) {
+  Decoder decoder(record);
+  Slot slot;
+  EXPECT_TRUE(slot.read(decoder.stream, 0, -1));
+  EXPECT_EQ(slot.get() ? slot.get()->type_name() : "", T::type);
+}
+
 }  // namespace mxd::test
