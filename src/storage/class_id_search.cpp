@@ -152,6 +152,25 @@ Class_id_index::Class_id_index(const Class_id_filter& filter, std::span<const st
   for (const Class_id_place& place : places_) {
     positions_[next[place.class_index]++] = place.position;
   }
+  block_bits_ = static_cast<unsigned>(std::bit_width(bytes.size() / (places_.size() + 1)));
+  for (std::size_t place = 0; place < places_.size(); ++place) {
+    const auto position = static_cast<std::uint64_t>(places_[place].position);
+    block_starts_.resize((position >> block_bits_) + 1, place);
+  }
+  block_starts_.push_back(places_.size());
+}
+
+// The first place that is not before the position.
+std::vector<Class_id_place>::const_iterator Class_id_index::place_from(
+    std::int64_t position) const {
+  const std::uint64_t block = static_cast<std::uint64_t>(position) >> block_bits_;
+  if (block + 1 >= block_starts_.size()) return places_.end();
+  const auto at = [this](std::size_t i) {
+    return places_.begin() + static_cast<std::ptrdiff_t>(i);
+  };
+  return std::lower_bound(
+      at(block_starts_[block]), at(block_starts_[block + 1]), position,
+      [](const Class_id_place& place, std::int64_t wanted) { return place.position < wanted; });
 }
 
 Class_id_index::Stretch Class_id_index::stretch(std::int64_t start, std::int64_t limit) const {
@@ -169,9 +188,7 @@ std::span<const std::int64_t> Class_id_index::positions_of(const Guid& class_id)
 
 std::optional<Class_id_hit> Class_id_index::first_hit(std::span<const Guid> candidates,
                                                       const Stretch& searched) const {
-  auto place = std::lower_bound(
-      places_.begin(), places_.end(), searched.first,
-      [](const Class_id_place& a, std::int64_t position) { return a.position < position; });
+  auto place = place_from(searched.first);
   for (std::size_t i = 0; i < near_places; ++i, ++place) {
     if (place == places_.end() || place->position > searched.last) return std::nullopt;
     const Guid& found = filter_->table().class_ids()[place->class_index];

@@ -104,6 +104,7 @@ class Class_id_index {
  private:
   struct Stretch;
   Stretch stretch(std::int64_t start, std::int64_t limit) const;
+  std::vector<Class_id_place>::const_iterator place_from(std::int64_t position) const;
   std::optional<Class_id_hit> first_hit(std::span<const Guid> candidates,
                                         const Stretch& searched) const;
   std::span<const std::int64_t> positions_of(const Guid& class_id) const;
@@ -111,6 +112,10 @@ class Class_id_index {
   const Class_id_filter* filter_;
   std::int64_t size_;
   std::vector<Class_id_place> places_;
+  // Of each block of 2^block_bits_ bytes, which place is its first, or the next one behind it. In
+  // large streams a binary search from the ends would leave the caches at every step.
+  unsigned block_bits_ = 0;
+  std::vector<std::size_t> block_starts_;
   // The positions once more, class by class: those of class c end where those of c + 1 begin.
   std::vector<std::int64_t> positions_;
   std::vector<std::size_t> class_starts_;
