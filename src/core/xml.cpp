@@ -9,28 +9,11 @@
 namespace mxd {
 namespace {
 
-constexpr std::string_view entity(char c) {
-  switch (c) {
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '&':
-      return "&amp;";
-    case '\'':
-      return "&apos;";
-    case '"':
-      return "&quot;";
-    default:
-      return {};
-  }
-}
-
 // How much longer each byte becomes.
 constexpr auto growth = [] {
   std::array<std::uint8_t, 256> result{};
   for (std::size_t i = 0; i < result.size(); ++i) {
-    const std::string_view replaced = entity(static_cast<char>(i));
+    const std::string_view replaced = xml_entity(static_cast<char>(i));
     if (!replaced.empty()) result[i] = static_cast<std::uint8_t>(replaced.size() - 1);
   }
   return result;
@@ -48,7 +31,7 @@ char* put_escaped(char* to, std::string_view text, std::size_t size) {
     if (growth[static_cast<unsigned char>(c)] == 0) {
       *to++ = c;
     } else {
-      to = Text_blocks::put(to, entity(c));
+      to = Text_blocks::put(to, xml_entity(c));
     }
   }
   return to;

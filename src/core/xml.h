@@ -23,6 +23,24 @@ struct Xml_name {
       : word(text), number(list_number) {}
 };
 
+// What stands for a character that markup would take for its own; empty for all others.
+constexpr std::string_view xml_entity(char c) {
+  switch (c) {
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '&':
+      return "&amp;";
+    case '\'':
+      return "&apos;";
+    case '"':
+      return "&quot;";
+    default:
+      return {};
+  }
+}
+
 class Xml_tree;
 
 // An element: what is added to it becomes its last child. It takes children for as long as nothing

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "core/xml.h"
 #include "storage/native_path.h"
 
 namespace mxdinfo {
@@ -54,20 +55,7 @@ bool is_fit_for_markup(char32_t c) {
 }
 
 std::string_view entity(char32_t c) {
-  switch (c) {
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '&':
-      return "&amp;";
-    case '"':
-      return "&quot;";
-    case '\'':
-      return "&#39;";
-    default:
-      return {};
-  }
+  return c < 0x80 ? mxd::xml_entity(static_cast<char>(c)) : std::string_view();
 }
 
 // The character that valid UTF-8 begins with, and its length.
