@@ -4,7 +4,7 @@
 #include <random>
 
 #include "benchmarks.h"
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "storage/compound_file.h"
 
 namespace mxd::bench {
@@ -27,14 +27,14 @@ Byte_run random_bytes() {
 // A document's stream, again and again.
 Byte_run repeated(const Document& document) {
   Tmxd_stream_m maps;
-  read_named_stream(document.wide_path, widen("Maps"), maps);
+  read_named_stream(document.wide_path, from_ascii("Maps"), maps);
   Byte_run bytes(large);
   for (std::size_t i = 0; i < large; ++i) bytes[i] = maps.bytes()[i % maps.get_size()];
   return bytes;
 }
 
 void pass(benchmark::State& state, const Byte_run& bytes) {
-  for (auto _ : state) benchmark::DoNotOptimize(known_class_ids().places(bytes));
+  for (auto _ : state) benchmark::DoNotOptimize(known_class_scanner().places(bytes));
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
@@ -64,7 +64,8 @@ void find_byte(benchmark::State& state, const Byte_run& bytes) {
 // Every id at every byte.
 void naive(benchmark::State& state, const Byte_run& bytes) {
   std::vector<Guid> stored;
-  for (const Guid& id : known_class_ids().table().class_ids()) stored.push_back(guid_reordered(id));
+  for (const Guid& id : known_class_scanner().table().class_ids())
+    stored.push_back(swap_guid_byte_order(id));
   for (auto _ : state) {
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i + 16 <= small; ++i) {

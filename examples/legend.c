@@ -38,7 +38,7 @@ static size_t first_character(const char* utf8, unsigned int* character) {
 }
 
 /* UTF-8 to UTF-16, for the path. */
-static void widen(const char* utf8, vq_mxd_char* wide, size_t capacity) {
+static void from_ascii(const char* utf8, vq_mxd_char* wide, size_t capacity) {
   size_t length = 0;
   while (*utf8 != '\0' && length + 2 < capacity) {
     unsigned int c;
@@ -111,7 +111,7 @@ int main(int argc, char** argv) {
     fprintf(stderr, "usage: legend FILE\n");
     return 2;
   }
-  widen(argv[1], path, sizeof path / sizeof *path);
+  from_ascii(argv[1], path, sizeof path / sizeof *path);
   document = vq_mxd_mxd_create();
   if (document == NULL || !vq_mxd_mxd_load(document, path)) {
     fprintf(stderr, "%s: not readable as a map document\n", argv[1]);

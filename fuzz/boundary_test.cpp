@@ -68,7 +68,7 @@ TEST(Boundary, a_stream_that_does_not_fit_into_memory_is_not_found) {
   const Temp_file file(Compound_file().stream("Maps", noise(100000)).build());
   const int allocations = with_ever_more_memory([&] {
     Tmxd_stream_m out;
-    const bool found = read_named_stream(file.path(), widen("Maps"), out) == 1;
+    const bool found = read_named_stream(file.path(), from_ascii("Maps"), out) == 1;
     EXPECT_EQ(out.get_size(), found ? 100000U : 0U);
     return found;
   });
@@ -89,7 +89,7 @@ TEST(Boundary, saving_answers_whether_the_file_could_be_opened) {
   EXPECT_FALSE(document.save({}));
   // A full disk shows only when the bytes are on their way.
   if (fs::exists("/dev/full")) {
-    EXPECT_TRUE(document.save(widen("/dev/full")));
+    EXPECT_TRUE(document.save(from_ascii("/dev/full")));
   }
 
   const Wide_string locked = file.beside(u"locked");

@@ -1,6 +1,6 @@
 #include "class_ids.h"
 
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "document/names.h"
 #include "rendering/legend.h"
 #include "symbology/line_decoration.h"
@@ -10,7 +10,7 @@ namespace mxd::fuzz {
 
 const std::vector<Guid>& all_class_ids() {
   static const std::vector<Guid> ids = [] {
-    const auto known = known_class_ids().table().class_ids();
+    const auto known = known_class_scanner().table().class_ids();
     std::vector<Guid> all(known.begin(), known.end());
     for (const Class_id& id :
          {Tmxd_workspace_name::clsid, Tmxd_feature_dataset_name::clsid, Tmxd_legend_group::clsid,

@@ -102,7 +102,7 @@ Bytes decoys(int n, const Class_id& id) {
 
 // Ids of the same last bytes share words: every word is looked at once for each.
 Bytes shared_words(int n) {
-  const Guid stored = guid_reordered(Tmxd_simple_line_symbol::clsid.guid);
+  const Guid stored = swap_guid_byte_order(Tmxd_simple_line_symbol::clsid.guid);
   Bytes words;
   for (int i = 0; i < n; ++i) {
     for (std::size_t k = 7; k < 15; ++k) words.u8(stored.bytes[k]);

@@ -32,7 +32,7 @@ std::string dictionary() {
     text.append("\"\\x").append(mxd::bytes_to_hex(bytes, "\\x")).append("\"\n");
   };
   for (const mxd::Guid& id : mxd::fuzz::all_class_ids()) {
-    const mxd::Guid stored = mxd::guid_reordered(id);
+    const mxd::Guid stored = mxd::swap_guid_byte_order(id);
     add({stored.bytes.begin(), stored.bytes.end()});
   }
   for (const mxd::Byte_run& marker : mxd::fuzz::markers()) add(marker);

@@ -2,7 +2,7 @@
 
 #include "core/mxd_stream.h"
 #include "counted_memory.h"
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "document/mxd.h"
 #include "storage/compound_file.h"
 #include "support/temp_file.h"
@@ -18,7 +18,7 @@ class Counted_errors final : public Error_sink {
 
 void decode(Tmxd_stream_m& bytes, Tmxd_mxd& document, Work& work) {
   Counted_errors errors;
-  Tmxd_mxd_stream stream(bytes, known_class_ids(), errors);
+  Tmxd_mxd_stream stream(bytes, known_class_scanner(), errors);
   work.loaded =
       stream.seek(0) && read_number(stream, document.int1) && read_maps(document.maps, stream);
   work.spent = stream.budget().used();
@@ -45,7 +45,7 @@ Work work_of_file(const Wide_string& path) {
   forget_peak();
   {
     Tmxd_stream_m bytes;
-    if (read_named_stream(path, widen("Maps"), bytes, &work.bytes_read) != 0) {
+    if (read_named_stream(path, from_ascii("Maps"), bytes, &work.bytes_read) != 0) {
       decode(bytes, document, work);
     }
   }

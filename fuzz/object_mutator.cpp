@@ -16,7 +16,7 @@ constexpr std::size_t reference_size = guid_size + 4;
 
 // Where objects begin, ascending.
 std::vector<std::size_t> object_places(const Stream& bytes) {
-  static const Class_id_filter filter(all_class_ids());
+  static const Class_id_scanner filter(all_class_ids());
   std::vector<std::size_t> places;
   for (const Class_id_place& place : filter.places(bytes)) {
     places.push_back(static_cast<std::size_t>(place.position));
@@ -70,7 +70,7 @@ void Object_mutator::edit_header(Stream& bytes, const std::vector<std::size_t>& 
     case 2:
       return put(bytes, place + reference_size, static_cast<std::uint32_t>(below(8)), 2);
     default:
-      const Guid stored = guid_reordered(all_class_ids()[below(all_class_ids().size())]);
+      const Guid stored = swap_guid_byte_order(all_class_ids()[below(all_class_ids().size())]);
       std::copy(stored.bytes.begin(), stored.bytes.end(),
                 bytes.begin() + static_cast<std::ptrdiff_t>(place));
   }
@@ -95,7 +95,7 @@ Stream Object_mutator::reference(const Stream& bytes, std::size_t place) {
 void Object_mutator::mutate(Stream& bytes, std::size_t most) {
   const std::vector<std::size_t> places = object_places(bytes);
   if (places.empty()) {
-    const Guid stored = guid_reordered(all_class_ids()[below(all_class_ids().size())]);
+    const Guid stored = swap_guid_byte_order(all_class_ids()[below(all_class_ids().size())]);
     return insert(bytes, below(bytes.size() + 1), {stored.bytes.begin(), stored.bytes.end()}, most);
   }
   const Span object = random_object(places, bytes.size());

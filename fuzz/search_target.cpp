@@ -2,7 +2,7 @@
 // ids, the candidates, the start and the limit.
 #include <vector>
 
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "support/naive_search.h"
 #include "target.h"
 
@@ -16,7 +16,7 @@ std::int64_t position(const std::uint8_t* data) {
 
 // Known ids, and ids made of the input's own bytes, which overlap and share words.
 std::vector<Guid> ids(const std::uint8_t* choice, std::span<const std::uint8_t> bytes) {
-  const auto known = known_class_ids().table().class_ids();
+  const auto known = known_class_scanner().table().class_ids();
   std::vector<Guid> result;
   for (std::size_t i = 0; i < 4; ++i) {
     result.push_back(known[choice[i] % known.size()]);
@@ -24,7 +24,7 @@ std::vector<Guid> ids(const std::uint8_t* choice, std::span<const std::uint8_t> 
     if (place + 16 > bytes.size()) continue;
     Guid stored;
     std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(place), 16, stored.bytes.begin());
-    result.push_back(guid_reordered(stored));
+    result.push_back(swap_guid_byte_order(stored));
   }
   return result;
 }
@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::int64_t start = std::max<std::int64_t>(position(data + 8), 0);
   const std::int64_t limit = position(data + 10);
 
-  const Class_id_filter filter(all);
+  const Class_id_scanner filter(all);
   const Class_id_index index(filter, bytes);
   test::Naive_search naive(bytes);
   fuzz::require(test::agree(naive, index, candidates, start, limit), "both find the same");

@@ -44,7 +44,7 @@ Byte_run cut(Byte_run bytes, std::size_t size) {
 
 Byte_run maps_stream(const Wide_string& document) {
   Tmxd_stream_m stream;
-  read_named_stream(document, widen("Maps"), stream);
+  read_named_stream(document, from_ascii("Maps"), stream);
   return {stream.bytes().begin(), stream.bytes().end()};
 }
 

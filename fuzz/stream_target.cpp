@@ -1,6 +1,6 @@
 // The bytes of the stream "Maps", without the compound file around them.
 #include "core/mxd_stream.h"
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "document/mxd.h"
 #include "target.h"
 #include "tree_walk.h"
@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   No_errors errors;
   Tmxd_mxd document;
   {
-    Tmxd_mxd_stream stream(bytes, known_class_ids(), errors);
+    Tmxd_mxd_stream stream(bytes, known_class_scanner(), errors);
     if (stream.seek(0) && read_number(stream, document.int1)) read_maps(document.maps, stream);
     fuzz::require(stream.budget().used() <= stream.budget().limit(), "the budget is kept");
   }

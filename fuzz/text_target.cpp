@@ -17,7 +17,7 @@ using namespace mxd;
 void check_narrow(const std::string& text) {
   const Wide_string wide = narrow_to_wide(text);
   fuzz::require(wide.size() == text.size(), "every byte has a unit");
-  fuzz::require(to_narrow(wide) == until_nul(text), "a byte comes back from its unit");
+  fuzz::require(to_narrow(wide) == truncate_at_nul(text), "a byte comes back from its unit");
 }
 
 void check_wide(const Wide_string& text) {

@@ -15,7 +15,7 @@ static int failures = 0;
     }                                                                \
   } while (0)
 
-static void widen(const char* ascii, vq_mxd_char* wide, size_t capacity) {
+static void from_ascii(const char* ascii, vq_mxd_char* wide, size_t capacity) {
   size_t i = 0;
   for (; ascii[i] != '\0' && i + 1 < capacity; ++i) wide[i] = (vq_mxd_char)(unsigned char)ascii[i];
   wide[i] = 0;
@@ -77,14 +77,14 @@ int main(int argc, char** argv) {
   vq_mxd_char path[4096];
   vq_mxd_mxd* document = vq_mxd_mxd_create();
   if (argc != 5) return 2;
-  widen(argv[1], path, sizeof path / sizeof *path);
+  from_ascii(argv[1], path, sizeof path / sizeof *path);
   vq_mxd_mxd_destroy(NULL);
   CHECK(vq_mxd_maps_get_size(vq_mxd_mxd_get_maps(document)) == 0);
   CHECK(vq_mxd_mxd_load(document, nowhere) == 0);
   CHECK(vq_mxd_mxd_load(document, path) == 1);
   CHECK(write_walk(document, argv[3]) && same_lines(argv[3], argv[4]));
   CHECK(vq_mxd_mxd_save_xml(document, nowhere) == 0);
-  widen(argv[2], path, sizeof path / sizeof *path);
+  from_ascii(argv[2], path, sizeof path / sizeof *path);
   remove(argv[2]);
   CHECK(vq_mxd_mxd_save_xml(document, path) == 1);
   CHECK(is_xml_file(argv[2]));

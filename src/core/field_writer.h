@@ -44,7 +44,7 @@ class Field_writer {
   virtual void real(const Key& key, double value) = 0;
   virtual void boolean(const Key& key, bool value) = 0;
   // 8-bit text as it is; both outputs end it at its first NUL.
-  void narrow_text(const Key& key, std::string_view text) { text_line(key, until_nul(text)); }
+  void narrow_text(const Key& key, std::string_view text) { text_line(key, truncate_at_nul(text)); }
   void text(const Key& key, Wide_view text) { text_line(key, to_narrow(text)); }
   virtual void bytes(const Key& key, const Byte_run& run) = 0;
 
@@ -91,9 +91,10 @@ class Field_writer {
   virtual void close(const Key& key) = 0;
 };
 
-class Text_writer final : public Field_writer {
+class Dump_field_writer final : public Field_writer {
  public:
-  Text_writer(std::string& out, int indent, int step) : out_(out), indent_(indent), step_(step) {}
+  Dump_field_writer(std::string& out, int indent, int step)
+      : out_(out), indent_(indent), step_(step) {}
 
   void integer(const Key& key, std::int32_t value) override;
   void real(const Key& key, double value) override;
@@ -111,9 +112,9 @@ class Text_writer final : public Field_writer {
   int step_;
 };
 
-class Xml_writer final : public Field_writer {
+class Xml_field_writer final : public Field_writer {
  public:
-  explicit Xml_writer(Tmxd_xml_node element) : element_(element) {}
+  explicit Xml_field_writer(Tmxd_xml_node element) : element_(element) {}
 
   void integer(const Key& key, std::int32_t value) override;
   void real(const Key& key, double value) override;

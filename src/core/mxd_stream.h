@@ -26,7 +26,7 @@ struct Load_counts {
 class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
  public:
   // All three must outlive the stream, the objects read from it need not.
-  Tmxd_mxd_stream(Tmxd_stream_m& inner, const Class_id_filter& known_ids, Error_sink& errors);
+  Tmxd_mxd_stream(Tmxd_stream_m& inner, const Class_id_scanner& known_ids, Error_sink& errors);
 
   bool set_size(std::uint64_t new_size) override { return inner_.set_size(new_size); }
   std::uint64_t get_size() override { return inner_.get_size(); }
@@ -42,14 +42,15 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
 
   // A negative start is the current position. Where nothing is found, the stream stands where the
   // search began.
-  Class_id_scan scan(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit);
-  Class_id_hits find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit);
+  Scan_result scan(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit);
+  Find_all_result find_all(std::span<const Guid> candidates, std::int64_t start,
+                           std::int64_t limit);
 
   // An object dropped while the load lasts may still be referred to, and so lives until its end.
   void keep_until_load_ends(std::unique_ptr<Tmxd_obj> dropped);
 
   // The object took on more data after it had been registered.
-  void object_grew(const Tmxd_obj& object, std::uint64_t bytes);
+  void add_copy_cost(const Tmxd_obj& object, std::uint64_t bytes);
 
   void register_object(const Tmxd_obj& object, std::uint64_t cost, int levels);
   Object_registry& registry() { return registry_; }
@@ -58,7 +59,7 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
   const Load_counts& counts() const { return counts_; }
 
  private:
-  friend class Nested_read;
+  friend class Nesting_scope;
   std::int64_t search_start(std::int64_t start);
 
   Tmxd_stream_m& inner_;
@@ -73,18 +74,18 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
 };
 
 // One level of nested object reads, and what was spent in it.
-class Nested_read {
+class Nesting_scope {
  public:
   static constexpr int deepest = 100;
 
-  explicit Nested_read(Tmxd_mxd_stream& stream);
-  Nested_read(const Nested_read&) = delete;
-  Nested_read& operator=(const Nested_read&) = delete;
-  ~Nested_read();
+  explicit Nesting_scope(Tmxd_mxd_stream& stream);
+  Nesting_scope(const Nesting_scope&) = delete;
+  Nesting_scope& operator=(const Nesting_scope&) = delete;
+  ~Nesting_scope();
 
   bool too_deep() const { return stream_.level_ > deepest; }
   // Whether a copy of that many levels, this one included, fits here.
-  bool has_room_for(int levels) const { return stream_.level_ - 1 + levels <= deepest; }
+  bool fits(int levels) const { return stream_.level_ - 1 + levels <= deepest; }
   // A copy stands for as many levels as its source.
   void count_levels(int levels);
   int levels() const { return stream_.levels_below_ + 1; }

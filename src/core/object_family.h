@@ -16,12 +16,12 @@ class Object_family {
     Guid class_id;
     std::unique_ptr<Tmxd_obj> (*make)();
     // Made when its id is asked for, but not searched for.
-    bool only_made = false;
+    bool factory_only = false;
   };
 
   explicit Object_family(std::vector<Row> rows) : rows_(std::move(rows)) {
     for (const Row& row : rows_) {
-      if (!row.only_made) candidates_.push_back(row.class_id);
+      if (!row.factory_only) candidates_.push_back(row.class_id);
     }
   }
 

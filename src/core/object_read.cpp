@@ -8,7 +8,7 @@ enum class Back_reference { copies, stays_empty };
 // A copy costs what reading its source did, and stands as deep as that. What the class says of its
 // copy is no measure of either.
 bool copy_registered(Tmxd_obj& object, Tmxd_mxd_stream& stream, const Registered_object& source,
-                     Nested_read& nesting) {
+                     Nesting_scope& nesting) {
   if (!stream.budget().spend(source.cost)) return false;
   object.copy_from(*source.object);
   nesting.count_levels(source.levels);
@@ -18,7 +18,7 @@ bool copy_registered(Tmxd_obj& object, Tmxd_mxd_stream& stream, const Registered
 // What follows the class id.
 bool read_behind_class_id(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t start,
                           std::int64_t limit, Back_reference back_reference) {
-  Nested_read nesting(stream);
+  Nesting_scope nesting(stream);
   if (nesting.too_deep()) return false;
   bool ok = stream.budget().spend(object.object_size()) && read_number(stream, object.number) &&
             read_number(stream, object.reserve);
@@ -27,7 +27,7 @@ bool read_behind_class_id(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_
     object.repeat = 1;
     if (back_reference == Back_reference::stays_empty) return true;
     if (!object.can_copy(*source->object)) return true;
-    if (!nesting.has_room_for(source->levels)) return false;
+    if (!nesting.fits(source->levels)) return false;
     ok = copy_registered(object, stream, *source, nesting);
   } else if (ok) {
     ok = read_number(stream, object.version) && object.read_fields(stream, limit);
@@ -86,6 +86,14 @@ bool read_object_if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int6
 
 bool read_object_or_skip(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_unless_foreign(object, stream, limit, Back_reference::copies);
+}
+
+bool skip_null_guid(Tmxd_mxd_stream& stream) {
+  const std::uint64_t start = stream.tell();
+  Guid found;
+  if (read_guid(stream, found) && found.is_null()) return true;
+  stream.seek(start);
+  return false;
 }
 
 bool read_object_or_zeros(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit) {

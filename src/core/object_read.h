@@ -26,4 +26,8 @@ bool read_object_or_skip(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t
 // As read_object, for an object that sixteen zero bytes stand for when it is absent.
 bool read_object_or_zeros(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit);
 
+// Consumes sixteen zero bytes, which stand for an absent object. Returns false, and consumes nothing,
+// if anything else follows.
+bool skip_null_guid(Tmxd_mxd_stream& stream);
+
 }  // namespace mxd

@@ -7,10 +7,17 @@ namespace mxd {
 bool Object_slot::read_member_of(const Object_family& family, Tmxd_mxd_stream& stream,
                                  std::int64_t start, std::int64_t limit) {
   stream.keep_until_load_ends(std::move(object_));
-  const Class_id_scan found = stream.scan(family.candidates(), start, limit);
+  const Scan_result found = stream.scan(family.candidates(), start, limit);
   if (!found.hit) return found.ok;
   object_ = family.create(found.hit->class_id);
   return object_ && read_object(*object_, stream, found.hit->position, limit);
+}
+
+bool Object_slot::read_unless_null(const Object_family& family, Tmxd_mxd_stream& stream,
+                                   std::int64_t limit) {
+  if (!skip_null_guid(stream)) return read_member_of(family, stream, -1, limit);
+  stream.keep_until_load_ends(std::move(object_));
+  return true;
 }
 
 bool Object_slot::copy_member_of(const Object_family& family, const Object_slot& source) {

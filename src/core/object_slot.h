@@ -23,6 +23,8 @@ class Object_slot {
   bool read_member_of(const Object_family& family, Tmxd_mxd_stream& stream, std::int64_t start,
                       std::int64_t limit);
 
+  bool read_unless_null(const Object_family& family, Tmxd_mxd_stream& stream, std::int64_t limit);
+
   // True when there was something to copy and its class says that it was copied; the clone is kept
   // in any case.
   bool copy_member_of(const Object_family& family, const Object_slot& source);
@@ -48,6 +50,10 @@ class Tmxd_slot final : public Object_slot {
   bool read(Tmxd_mxd_stream& stream, std::int64_t limit) { return read(stream, -1, limit); }
   bool read(Tmxd_mxd_stream& stream, std::int64_t start, std::int64_t limit) {
     return read_member_of(Kind::family(), stream, start, limit);
+  }
+  // Like read(), but sixteen zero bytes in place of the object leave the slot empty.
+  bool read_or_null(Tmxd_mxd_stream& stream, std::int64_t limit) {
+    return read_unless_null(Kind::family(), stream, limit);
   }
   bool copy(const Tmxd_slot& source) { return copy_member_of(Kind::family(), source); }
 

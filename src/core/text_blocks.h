@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "storage/unfilled.h"
+#include "storage/default_init_vector.h"
 
 namespace mxd {
 
@@ -53,7 +53,7 @@ class Text_blocks {
 
  private:
   struct Block {
-    Unfilled<char> room;
+    Default_init_vector<char> room;
     std::size_t size;
   };
   static constexpr std::size_t block_size = std::size_t{1} << 16;
@@ -65,7 +65,7 @@ class Text_blocks {
   }
 
   void add_block(std::size_t size) {
-    blocks_.push_back({Unfilled<char>(std::max(size, block_size)), 0});
+    blocks_.push_back({Default_init_vector<char>(std::max(size, block_size)), 0});
     end_ = blocks_.back().room.data();
     left_ = blocks_.back().room.size();
   }

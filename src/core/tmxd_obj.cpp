@@ -5,12 +5,12 @@
 namespace mxd {
 
 void Tmxd_obj::dump_fields(std::string& out, int indent, int step) const {
-  Text_writer writer(out, indent, step);
+  Dump_field_writer writer(out, indent, step);
   describe(writer);
 }
 
 void Tmxd_obj::write_fields_xml(Tmxd_xml_node element) const {
-  Xml_writer writer(element);
+  Xml_field_writer writer(element);
   describe(writer);
 }
 

@@ -61,7 +61,7 @@ class Tmxd_obj {
 
 // What a concrete class answers about itself, from its `clsid` and `type`.
 template <class Self, class Base = Tmxd_obj>
-class Named_class : public Base {
+class Persisted_class : public Base {
  public:
   const Class_id& class_id() const override { return Self::clsid; }
   std::string_view type_name() const override { return Self::type; }
@@ -71,7 +71,7 @@ class Named_class : public Base {
 // A class whose back-references are copies. Source is the class whose objects it copies, where that
 // is not only its own.
 template <class Self, class Base = Tmxd_obj, class Source = Self>
-class Copied_class : public Named_class<Self, Base> {
+class Copyable_class : public Persisted_class<Self, Base> {
  public:
   bool can_copy(const Tmxd_obj& source) const override {
     return dynamic_cast<const Source*>(&source) != nullptr;

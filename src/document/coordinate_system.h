@@ -24,21 +24,21 @@ class Wkt_coordinate_system : public Tmxd_coordinate_system {
 };
 
 class Tmxd_geographic_coordinate_system final
-    : public Copied_class<Tmxd_geographic_coordinate_system, Wkt_coordinate_system> {
+    : public Copyable_class<Tmxd_geographic_coordinate_system, Wkt_coordinate_system> {
  public:
   static constexpr Class_id clsid{"A6A87A80-1DD1-11B2-BF51-08002022F573"};
   static constexpr std::string_view type = "mxd_geographic_coordinate_system";
 };
 
 class Tmxd_projected_coordinate_system final
-    : public Copied_class<Tmxd_projected_coordinate_system, Wkt_coordinate_system> {
+    : public Copyable_class<Tmxd_projected_coordinate_system, Wkt_coordinate_system> {
  public:
   static constexpr Class_id clsid{"2A626700-1DD2-11B2-BF51-08002022F573"};
   static constexpr std::string_view type = "mxd_projected_coordinate_system";
 };
 
 class Tmxd_unknown_coordinate_system final
-    : public Copied_class<Tmxd_unknown_coordinate_system, Tmxd_coordinate_system> {
+    : public Copyable_class<Tmxd_unknown_coordinate_system, Tmxd_coordinate_system> {
  public:
   static constexpr Class_id clsid{"B286C06B-0879-11D2-AACA-00C04FA33C20"};
   static constexpr std::string_view type = "mxd_unknown_coordinate_system";

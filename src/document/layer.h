@@ -19,7 +19,7 @@ class Tmxd_layer : public Tmxd_obj {
   double max_scale = 0;
 };
 
-class Tmxd_group_layer final : public Named_class<Tmxd_group_layer, Tmxd_layer> {
+class Tmxd_group_layer final : public Persisted_class<Tmxd_group_layer, Tmxd_layer> {
  public:
   static constexpr Class_id clsid{"EDAD6647-1810-11D1-86AE-0000F8751720"};
   static constexpr std::string_view type = "mxd_group_layer";
@@ -34,7 +34,7 @@ class Tmxd_group_layer final : public Named_class<Tmxd_group_layer, Tmxd_layer> 
   void describe(Field_writer& writer) const override;
 };
 
-class Tmxd_feature_layer final : public Named_class<Tmxd_feature_layer, Tmxd_layer> {
+class Tmxd_feature_layer final : public Persisted_class<Tmxd_feature_layer, Tmxd_layer> {
  public:
   static constexpr Class_id clsid{"E663A651-8AAD-11D0-BEC7-00805F7C4268"};
   static constexpr std::string_view type = "mxd_feature_layer";
@@ -57,7 +57,7 @@ class Tmxd_feature_layer final : public Named_class<Tmxd_feature_layer, Tmxd_lay
   bool read_behind_renderer(Tmxd_mxd_stream& stream, std::int64_t limit);
 };
 
-class Tmxd_raster_layer final : public Named_class<Tmxd_raster_layer, Tmxd_layer> {
+class Tmxd_raster_layer final : public Persisted_class<Tmxd_raster_layer, Tmxd_layer> {
  public:
   static constexpr Class_id clsid{"D02371C9-35F7-11D2-B1F2-00C04F8EDEFF"};
   static constexpr std::string_view type = "mxd_raster_layer";
@@ -72,7 +72,7 @@ class Tmxd_raster_layer final : public Named_class<Tmxd_raster_layer, Tmxd_layer
   void describe(Field_writer& writer) const override;
 };
 
-class Tmxd_fdo_graphics_layer final : public Named_class<Tmxd_fdo_graphics_layer, Tmxd_layer> {
+class Tmxd_fdo_graphics_layer final : public Persisted_class<Tmxd_fdo_graphics_layer, Tmxd_layer> {
  public:
   static constexpr Class_id clsid{"34B2EF83-F4AC-11D1-A245-080009B6F22B"};
   static constexpr std::string_view type = "mxd_fdo_graphics_layer";

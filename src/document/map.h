@@ -5,7 +5,7 @@
 
 namespace mxd {
 
-class Tmxd_map final : public Named_class<Tmxd_map> {
+class Tmxd_map final : public Persisted_class<Tmxd_map> {
  public:
   static constexpr Class_id clsid{"E6BDAA76-4D35-11D0-98BE-00805F7CED21"};
   static constexpr std::string_view type = "mxd_map";

@@ -1,18 +1,18 @@
 #include "document/mxd.h"
 
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "storage/compound_file.h"
 
 namespace mxd {
 namespace {
 
 const Wide_string& stream_name() {
-  static const Wide_string name = widen("Maps");
+  static const Wide_string name = from_ascii("Maps");
   return name;
 }
 
 void build_xml(const Tmxd_mxd& document, Tmxd_xml_node root) {
-  Xml_writer writer(root);
+  Xml_field_writer writer(root);
   writer.text("filename", document.filename);
   writer.integer("int1", static_cast<std::int32_t>(document.int1));
   writer.list("maps", "map_", document.maps);
@@ -39,7 +39,7 @@ bool Tmxd_mxd::load(Tmxd_stream& file, const Wide_string& path, Error_sink& erro
 }
 
 bool Tmxd_mxd::read(Tmxd_stream_m& bytes, const Wide_string& path, Error_sink& errors) {
-  Tmxd_mxd_stream stream(bytes, known_class_ids(), errors);
+  Tmxd_mxd_stream stream(bytes, known_class_scanner(), errors);
   if (!stream.seek(0) || !read_number(stream, int1) || !read_maps(maps, stream)) return false;
   filename = path;
   return true;

@@ -5,7 +5,7 @@
 
 namespace mxd {
 
-class Tmxd_workspace_name final : public Copied_class<Tmxd_workspace_name> {
+class Tmxd_workspace_name final : public Copyable_class<Tmxd_workspace_name> {
  public:
   static constexpr Class_id clsid{"5A350011-E371-11D1-AA82-00C04FA33A15"};
   static constexpr std::string_view type = "mxd_workspace_name";
@@ -18,7 +18,7 @@ class Tmxd_workspace_name final : public Copied_class<Tmxd_workspace_name> {
   void describe(Field_writer& writer) const override;
 };
 
-class Tmxd_feature_dataset_name final : public Copied_class<Tmxd_feature_dataset_name> {
+class Tmxd_feature_dataset_name final : public Copyable_class<Tmxd_feature_dataset_name> {
  public:
   static constexpr Class_id clsid{"198846CF-CA42-11D1-AA7C-00C04FA33A15"};
   static constexpr std::string_view type = "mxd_feature_dataset_name";
@@ -48,14 +48,14 @@ class Tmxd_basic_feature_class_name : public Tmxd_obj {
 };
 
 class Tmxd_feature_class_name final
-    : public Copied_class<Tmxd_feature_class_name, Tmxd_basic_feature_class_name> {
+    : public Copyable_class<Tmxd_feature_class_name, Tmxd_basic_feature_class_name> {
  public:
   static constexpr Class_id clsid{"198846D0-CA42-11D1-AA7C-00C04FA33A15"};
   static constexpr std::string_view type = "mxd_feature_class_name";
 };
 
 class Tmxd_fgdb_feature_class_name final
-    : public Copied_class<Tmxd_fgdb_feature_class_name, Tmxd_basic_feature_class_name> {
+    : public Copyable_class<Tmxd_fgdb_feature_class_name, Tmxd_basic_feature_class_name> {
  public:
   static constexpr Class_id clsid{"75E10086-4226-42AC-AFEC-CBB9B748F847"};
   static constexpr std::string_view type = "mxd_fgdb_feature_class_name";
@@ -80,14 +80,14 @@ class Tmxd_basic_raster_dataset_name : public Tmxd_obj {
 };
 
 class Tmxd_raster_dataset_name final
-    : public Copied_class<Tmxd_raster_dataset_name, Tmxd_basic_raster_dataset_name> {
+    : public Copyable_class<Tmxd_raster_dataset_name, Tmxd_basic_raster_dataset_name> {
  public:
   static constexpr Class_id clsid{"75BCE6E2-8AF5-478E-8892-FA45CA50AF4D"};
   static constexpr std::string_view type = "mxd_raster_dataset_name";
 };
 
 class Tmxd_fgdb_raster_dataset_name final
-    : public Copied_class<Tmxd_fgdb_raster_dataset_name, Tmxd_basic_raster_dataset_name> {
+    : public Copyable_class<Tmxd_fgdb_raster_dataset_name, Tmxd_basic_raster_dataset_name> {
  public:
   static constexpr Class_id clsid{"F2137C6F-9075-4BAF-9B38-E2F36083FBF4"};
   static constexpr std::string_view type = "mxd_fgdb_raster_dataset_name";

@@ -11,7 +11,7 @@ namespace mxd {
 template <class T>
 bool read_all_found(Object_list<T>& objects, const Object_family& family, Tmxd_mxd_stream& stream,
                     std::int64_t start, std::int64_t limit) {
-  const Class_id_hits found = stream.find_all(family.candidates(), start, limit);
+  const Find_all_result found = stream.find_all(family.candidates(), start, limit);
   if (!found.ok) return false;
   for (std::size_t i = 0; i < found.hits.size() && !stream.budget().exhausted(); ++i) {
     const bool last = i + 1 == found.hits.size();

@@ -27,7 +27,7 @@ class Tmxd_ranges {
 };
 
 class Tmxd_class_breaks_renderer final
-    : public Named_class<Tmxd_class_breaks_renderer, Tmxd_renderer> {
+    : public Persisted_class<Tmxd_class_breaks_renderer, Tmxd_renderer> {
  public:
   static constexpr Class_id clsid{"AE5F7EA2-8B48-11D0-8356-080009B996CC"};
   static constexpr std::string_view type = "mxd_class_breaks_renderer";

@@ -6,7 +6,7 @@
 
 namespace mxd {
 
-class Tmxd_legend_class final : public Named_class<Tmxd_legend_class> {
+class Tmxd_legend_class final : public Persisted_class<Tmxd_legend_class> {
  public:
   static constexpr Class_id clsid{"167C5EA3-AF20-11D1-8817-080009EC732A"};
   static constexpr std::string_view type = "mxd_legend_class";
@@ -21,7 +21,7 @@ class Tmxd_legend_class final : public Named_class<Tmxd_legend_class> {
   void describe(Field_writer& writer) const override;
 };
 
-class Tmxd_legend_group final : public Named_class<Tmxd_legend_group> {
+class Tmxd_legend_group final : public Persisted_class<Tmxd_legend_group> {
  public:
   static constexpr Class_id clsid{"167C5EA2-AF20-11D1-8817-080009EC732A"};
   static constexpr std::string_view type = "mxd_legend_group";

@@ -20,7 +20,7 @@ std::unique_ptr<Tmxd_property_page> create_property_page(const Guid& class_id) {
 
 bool Tmxd_property_page_slot::read(Tmxd_mxd_stream& stream, std::int64_t limit) {
   page_.reset();
-  const Class_id_scan found = stream.scan(property_page_ids(), -1, limit);
+  const Scan_result found = stream.scan(property_page_ids(), -1, limit);
   if (!found.hit) return found.ok;
   page_ = create_property_page(found.hit->class_id);
   return page_ && stream.seek(static_cast<std::uint64_t>(found.hit->position)) &&

@@ -6,7 +6,7 @@
 
 namespace mxd {
 
-class Tmxd_simple_renderer final : public Named_class<Tmxd_simple_renderer, Tmxd_renderer> {
+class Tmxd_simple_renderer final : public Persisted_class<Tmxd_simple_renderer, Tmxd_renderer> {
  public:
   static constexpr Class_id clsid{"F3435801-5779-11D0-98BF-00805F7CED21"};
   static constexpr std::string_view type = "mxd_simple_renderer";

@@ -52,12 +52,19 @@ bool Tmxd_unique_value_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64
          read_bytes(stream, 3, bytes1) &&
          (propname_count < 2 || read_wide_string(stream, propname2)) &&
          (propname_count < 3 || read_wide_string(stream, propname3)) &&
-         read_bytes(stream, 10, bytes2) && symbol_slot.read(stream, limit) &&
+         read_bytes(stream, 10, bytes2) && symbol_slot.read_or_null(stream, limit) &&
          read_number(stream, int2) && read_object(other_leg_grp, stream, -1, limit) &&
          (version < 4 || read_number(stream, ushort10)) &&
          read_object_if_present(main_leg_grp, stream, limit) &&
-         (!main_leg_grp.exists || read_bytes(stream, version < 4 ? 16 : 18, bytes3)) &&
-         read_unique_values(unique_values, stream);
+         read_after_main_group(stream) && read_unique_values(unique_values, stream);
+}
+
+// Documents without "all other values" have one legend group, which is read as the other group. Zeros
+// follow it in place of the main group.
+bool Tmxd_unique_value_renderer::read_after_main_group(Tmxd_mxd_stream& stream) {
+  if (main_leg_grp.exists) return read_bytes(stream, version < 4 ? 16 : 18, bytes3);
+  static_cast<void>(skip_null_guid(stream));
+  return true;
 }
 
 void Tmxd_unique_value_renderer::describe(Field_writer& writer) const {

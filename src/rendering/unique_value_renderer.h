@@ -21,7 +21,7 @@ using Tmxd_unique_values = Object_list<Tmxd_unique_value>;
 bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream);
 
 class Tmxd_unique_value_renderer final
-    : public Named_class<Tmxd_unique_value_renderer, Tmxd_renderer> {
+    : public Persisted_class<Tmxd_unique_value_renderer, Tmxd_renderer> {
  public:
   static constexpr Class_id clsid{"C3346D29-B2BC-11D1-8817-080009EC732A"};
   static constexpr std::string_view type = "mxd_unique_value_renderer";
@@ -42,6 +42,9 @@ class Tmxd_unique_value_renderer final
 
  protected:
   void describe(Field_writer& writer) const override;
+
+ private:
+  bool read_after_main_group(Tmxd_mxd_stream& stream);
 };
 
 }  // namespace mxd

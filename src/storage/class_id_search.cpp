@@ -45,7 +45,7 @@ Class_id_table::Class_id_table(std::vector<Guid> class_ids) : class_ids_(std::mo
   class_ids_.erase(std::unique(class_ids_.begin(), class_ids_.end()), class_ids_.end());
   slots_.resize(std::bit_ceil(4 * class_ids_.size() + 1), empty_slot);
   for (std::uint32_t index = 0; index < class_ids_.size(); ++index) {
-    stored_ids_.push_back(guid_reordered(class_ids_[index]));
+    stored_ids_.push_back(swap_guid_byte_order(class_ids_[index]));
     slots_[slot_of(stored_ids_[index])] = index;
   }
 }
@@ -66,10 +66,10 @@ std::optional<std::uint32_t> Class_id_table::index_of_stored(const Guid& stored)
   return index;
 }
 
-Class_id_filter::Class_id_filter(std::vector<Guid> class_ids)
+Class_id_scanner::Class_id_scanner(std::vector<Guid> class_ids)
     : table_(std::move(class_ids)), known_hashes_(std::size_t{1} << hash_bits) {
   for (const Guid& class_id : table_.class_ids()) {
-    const Guid stored = guid_reordered(class_id);
+    const Guid stored = swap_guid_byte_order(class_id);
     for (std::uint32_t offset = 0; offset < stride; ++offset) {
       words_.push_back({word_at(stored.bytes.data() + offset), offset});
     }
@@ -87,16 +87,16 @@ Class_id_filter::Class_id_filter(std::vector<Guid> class_ids)
   }
 }
 
-std::optional<std::uint32_t> Class_id_filter::class_at(std::span<const std::uint8_t> bytes,
-                                                       std::uint64_t position) const {
+std::optional<std::uint32_t> Class_id_scanner::class_at(std::span<const std::uint8_t> bytes,
+                                                        std::uint64_t position) const {
   if (position > bytes.size() || bytes.size() - position < guid_size) return std::nullopt;
   Guid stored;
   std::memcpy(stored.bytes.data(), bytes.data() + position, guid_size);
   return table_.index_of_stored(stored);
 }
 
-void Class_id_filter::add_places(std::span<const std::uint8_t> bytes, std::uint64_t word_position,
-                                 std::vector<Class_id_place>& places) const {
+void Class_id_scanner::add_places(std::span<const std::uint8_t> bytes, std::uint64_t word_position,
+                                  std::vector<Class_id_place>& places) const {
   const std::uint32_t value = word_at(bytes.data() + word_position);
   const std::size_t bucket = bucket_of(value);
   for (std::size_t i = buckets_[bucket]; i < words_.size(); ++i) {
@@ -109,7 +109,7 @@ void Class_id_filter::add_places(std::span<const std::uint8_t> bytes, std::uint6
   }
 }
 
-std::vector<Class_id_place> Class_id_filter::places(std::span<const std::uint8_t> bytes) const {
+std::vector<Class_id_place> Class_id_scanner::places(std::span<const std::uint8_t> bytes) const {
   std::vector<Class_id_place> result;
   result.reserve(bytes.size() / usual_distance);
   const auto hash_at = [bytes](std::uint64_t i) { return word_hash(word_at(bytes.data() + i)); };
@@ -140,7 +140,7 @@ struct Class_id_index::Stretch {
   bool ends_inside;
 };
 
-Class_id_index::Class_id_index(const Class_id_filter& filter, std::span<const std::uint8_t> bytes)
+Class_id_index::Class_id_index(const Class_id_scanner& filter, std::span<const std::uint8_t> bytes)
     : filter_(&filter),
       size_(static_cast<std::int64_t>(bytes.size())),
       places_(filter.places(bytes)),
@@ -180,7 +180,7 @@ Class_id_index::Stretch Class_id_index::stretch(std::int64_t start, std::int64_t
 }
 
 std::span<const std::int64_t> Class_id_index::positions_of(const Guid& class_id) const {
-  const auto index = filter_->table().index_of_stored(guid_reordered(class_id));
+  const auto index = filter_->table().index_of_stored(swap_guid_byte_order(class_id));
   if (!index) return {};
   return std::span(positions_)
       .subspan(class_starts_[*index], class_starts_[*index + 1] - class_starts_[*index]);
@@ -206,17 +206,17 @@ std::optional<Class_id_hit> Class_id_index::first_hit(std::span<const Guid> cand
   return first;
 }
 
-Class_id_scan Class_id_index::scan(std::span<const Guid> candidates, std::int64_t start,
-                                   std::int64_t limit) const {
+Scan_result Class_id_index::scan(std::span<const Guid> candidates, std::int64_t start,
+                                 std::int64_t limit) const {
   const Stretch searched = stretch(start, limit);
   const auto hit = first_hit(candidates, searched);
   return {hit || searched.ends_inside, hit};
 }
 
-Class_id_hits Class_id_index::find_all(std::span<const Guid> candidates, std::int64_t start,
-                                       std::int64_t limit) const {
+Find_all_result Class_id_index::find_all(std::span<const Guid> candidates, std::int64_t start,
+                                         std::int64_t limit) const {
   const Stretch searched = stretch(start, limit);
-  Class_id_hits result{searched.ends_inside, {}};
+  Find_all_result result{searched.ends_inside, {}};
   for (const Guid& candidate : candidates) {
     const auto positions = positions_of(candidate);
     auto next = std::lower_bound(positions.begin(), positions.end(), searched.first);

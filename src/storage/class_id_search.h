@@ -22,12 +22,12 @@ struct Class_id_hit {
 };
 
 // A search fails when it would look at bytes past the end; finding nothing is no failure.
-struct Class_id_scan {
+struct Scan_result {
   bool ok = false;
   std::optional<Class_id_hit> hit;
 };
 
-struct Class_id_hits {
+struct Find_all_result {
   bool ok = false;
   std::vector<Class_id_hit> hits;
 };
@@ -58,9 +58,9 @@ class Class_id_table {
 };
 
 // What one pass needs to know about a set of ids; made once, used for every stream.
-class Class_id_filter {
+class Class_id_scanner {
  public:
-  explicit Class_id_filter(std::vector<Guid> class_ids);
+  explicit Class_id_scanner(std::vector<Guid> class_ids);
 
   const Class_id_table& table() const { return table_; }
 
@@ -92,14 +92,13 @@ class Class_id_filter {
 class Class_id_index {
  public:
   // The filter must outlive the index; the bytes are read here only.
-  Class_id_index(const Class_id_filter& filter, std::span<const std::uint8_t> bytes);
+  Class_id_index(const Class_id_scanner& filter, std::span<const std::uint8_t> bytes);
 
   // Positions start ... limit - 16 are searched; a negative limit is the stream's size. Where two
   // candidates are the same id, the earlier one counts.
-  Class_id_scan scan(std::span<const Guid> candidates, std::int64_t start,
-                     std::int64_t limit) const;
-  Class_id_hits find_all(std::span<const Guid> candidates, std::int64_t start,
-                         std::int64_t limit) const;
+  Scan_result scan(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit) const;
+  Find_all_result find_all(std::span<const Guid> candidates, std::int64_t start,
+                           std::int64_t limit) const;
 
  private:
   struct Stretch;
@@ -109,7 +108,7 @@ class Class_id_index {
                                         const Stretch& searched) const;
   std::span<const std::int64_t> positions_of(const Guid& class_id) const;
 
-  const Class_id_filter* filter_;
+  const Class_id_scanner* filter_;
   std::int64_t size_;
   std::vector<Class_id_place> places_;
   // Of each block of 2^block_bits_ bytes, which place is its first, or the next one behind it. In

@@ -7,9 +7,9 @@
 #include <span>
 #include <vector>
 
+#include "storage/coalescing_reader.h"
 #include "storage/file_stream.h"
 #include "storage/native_text.h"
-#include "storage/piece_reader.h"
 
 namespace mxd {
 namespace {
@@ -148,7 +148,7 @@ class Tmxd_compound_file {
   }
   Directory_entry entry(std::size_t index) const;
 
-  Piece_reader file_;
+  Coalescing_reader file_;
   Header header_;
   Link_table fat_;
   Byte_run directory_;
@@ -292,7 +292,7 @@ bool Tmxd_compound_file::copy(const Directory_entry& entry, Tmxd_stream_m& out) 
     offsets = regular ? regular_offsets(entry.first_sector, length)
                       : mini_offsets(entry.first_sector, length);
   }
-  if (!out.set_size_to_overwrite(offsets.size() * piece) || !out.seek(0)) return false;
+  if (!out.resize_uninitialized(offsets.size() * piece) || !out.seek(0)) return false;
   const std::uint64_t arrived = file_.read(offsets, piece, out.bytes()) * piece;
   return out.set_size(std::min(arrived, length));
 }
@@ -302,7 +302,7 @@ bool Tmxd_compound_file::copy(const Directory_entry& entry, Tmxd_stream_m& out) 
 int read_named_stream(const Wide_string& path, Wide_view name, Tmxd_stream_m& out,
                       std::uint64_t* bytes_read) {
   Tmxd_stream_f stream;
-  return stream.open(path, widen("rb")) ? read_named_stream(stream, name, out, bytes_read) : 0;
+  return stream.open(path, from_ascii("rb")) ? read_named_stream(stream, name, out, bytes_read) : 0;
 }
 
 int read_named_stream(Tmxd_stream& stream, Wide_view name, Tmxd_stream_m& out,

@@ -31,7 +31,7 @@ class Tmxd_stream_f final : public Tmxd_stream {
  private:
   Native_file file_;
   bool failed_ = false;
-  Wide_string line_end_ = widen("\r\n");
+  Wide_string line_end_ = from_ascii("\r\n");
 };
 
 }  // namespace mxd

@@ -25,7 +25,7 @@ struct Guid {
 };
 
 // The stream stores the first three groups little-endian. Turning them twice changes nothing.
-constexpr Guid guid_reordered(const Guid& guid) {
+constexpr Guid swap_guid_byte_order(const Guid& guid) {
   Guid result = guid;
   std::swap(result.bytes[0], result.bytes[3]);
   std::swap(result.bytes[1], result.bytes[2]);

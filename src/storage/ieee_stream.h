@@ -58,7 +58,7 @@ template <std::derived_from<Tmxd_ieee_stream> Stream>
 bool read_guid(Stream& stream, Guid& out) {
   Guid stored;
   if (!stream.read(stored.bytes.data(), 1, stored.bytes.size())) return skip_broken_guid(stream);
-  out = guid_reordered(stored);
+  out = swap_guid_byte_order(stored);
   return true;
 }
 

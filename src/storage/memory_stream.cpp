@@ -7,12 +7,12 @@ namespace mxd {
 
 bool Tmxd_stream_m::set_size(std::uint64_t new_size) {
   const std::uint64_t old_size = data_.size();
-  if (!set_size_to_overwrite(new_size)) return false;
+  if (!resize_uninitialized(new_size)) return false;
   if (new_size > old_size) std::memset(data_.data() + old_size, 0, new_size - old_size);
   return true;
 }
 
-bool Tmxd_stream_m::set_size_to_overwrite(std::uint64_t new_size) {
+bool Tmxd_stream_m::resize_uninitialized(std::uint64_t new_size) {
   try {
     data_.resize(new_size);
   } catch (const std::bad_alloc&) {

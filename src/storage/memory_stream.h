@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
+#include "storage/default_init_vector.h"
 #include "storage/stream.h"
-#include "storage/unfilled.h"
 
 namespace mxd {
 
@@ -17,7 +17,7 @@ class Tmxd_stream_m final : public Tmxd_stream {
   // New bytes are zero; false only when memory runs out. The position may end up past the end.
   bool set_size(std::uint64_t new_size) override;
   // The same for who writes all new bytes, which are anything until then.
-  bool set_size_to_overwrite(std::uint64_t new_size);
+  bool resize_uninitialized(std::uint64_t new_size);
   std::uint64_t get_size() override { return data_.size(); }
   bool seek(std::uint64_t position) override {
     if (position > data_.size()) return false;
@@ -46,7 +46,7 @@ class Tmxd_stream_m final : public Tmxd_stream {
   }
 
   std::uint64_t position_ = 0;
-  Unfilled<std::uint8_t> data_;
+  Default_init_vector<std::uint8_t> data_;
 };
 
 }  // namespace mxd

@@ -5,7 +5,7 @@
 
 namespace mxd {
 
-Wide_string widen(std::string_view ascii) {
+Wide_string from_ascii(std::string_view ascii) {
   Wide_string wide(ascii.size(), Wide_char{});
   std::transform(ascii.begin(), ascii.end(), wide.begin(),
                  [](char c) { return static_cast<Wide_char>(static_cast<unsigned char>(c)); });
@@ -20,7 +20,7 @@ Wide_view trim(Wide_view text) {
   return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-std::string_view until_nul(std::string_view text) {
+std::string_view truncate_at_nul(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 

@@ -14,7 +14,7 @@ using Wide_string = std::basic_string<Wide_char>;
 using Wide_view = std::basic_string_view<Wide_char>;
 
 // ASCII text as UTF-16, for literals that must work with either type of unit.
-Wide_string widen(std::string_view ascii);
+Wide_string from_ascii(std::string_view ascii);
 
 // UTF-16 to the library's 8-bit code page, up to the first NUL.
 std::string to_narrow(Wide_view text);
@@ -26,7 +26,7 @@ Wide_string narrow_to_wide(std::string_view text);
 Wide_view trim(Wide_view text);
 
 // The text before its first NUL, which is where both outputs end it.
-std::string_view until_nul(std::string_view text);
+std::string_view truncate_at_nul(std::string_view text);
 
 // "00 1A FF": two upper-case digits a byte, the separator between them.
 std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator);

@@ -35,19 +35,19 @@ class Tmxd_lab_color : public Tmxd_color {
   double b = 0;
 };
 
-class Tmxd_rgb_color final : public Copied_class<Tmxd_rgb_color, Tmxd_lab_color, Tmxd_lab_color> {
+class Tmxd_rgb_color final : public Copyable_class<Tmxd_rgb_color, Tmxd_lab_color, Tmxd_lab_color> {
  public:
   static constexpr Class_id clsid{"7ee9c496-d123-11d0-8383-080009b996cc"};
   static constexpr std::string_view type = "mxd_rgb_color";
 };
 
-class Tmxd_hsv_color final : public Copied_class<Tmxd_hsv_color, Tmxd_lab_color, Tmxd_lab_color> {
+class Tmxd_hsv_color final : public Copyable_class<Tmxd_hsv_color, Tmxd_lab_color, Tmxd_lab_color> {
  public:
   static constexpr Class_id clsid{"7ee9c492-d123-11d0-8383-080009b996cc"};
   static constexpr std::string_view type = "mxd_hsv_color";
 };
 
-class Tmxd_cmyk_color final : public Copied_class<Tmxd_cmyk_color, Tmxd_color> {
+class Tmxd_cmyk_color final : public Copyable_class<Tmxd_cmyk_color, Tmxd_color> {
  public:
   static constexpr Class_id clsid{"7ee9c497-d123-11d0-8383-080009b996cc"};
   static constexpr std::string_view type = "mxd_cmyk_color";

@@ -66,8 +66,8 @@ void Tmxd_marker_fill_symbol::describe(Field_writer& writer) const {
 }
 
 bool Tmxd_picture_fill_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  return color_slot1.read(stream, limit) && color_slot2.read(stream, limit) &&
-         color_slot3.read(stream, limit) && outline.read(stream, limit) &&
+  return color_slot1.read_or_null(stream, limit) && color_slot2.read_or_null(stream, limit) &&
+         color_slot3.read_or_null(stream, limit) && outline.read(stream, limit) &&
          read_bytes(stream, 87, bytes1);
 }
 

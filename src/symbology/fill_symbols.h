@@ -7,7 +7,7 @@
 namespace mxd {
 
 class Tmxd_simple_fill_symbol final
-    : public Copied_class<Tmxd_simple_fill_symbol, Tmxd_fill_symbol> {
+    : public Copyable_class<Tmxd_simple_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"7914E603-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_simple_fill_symbol";
@@ -24,7 +24,7 @@ class Tmxd_simple_fill_symbol final
   bool copy_fields(const Tmxd_simple_fill_symbol& source) override;
 };
 
-class Tmxd_line_fill_symbol final : public Copied_class<Tmxd_line_fill_symbol, Tmxd_fill_symbol> {
+class Tmxd_line_fill_symbol final : public Copyable_class<Tmxd_line_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"7914e606-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_line_fill_symbol";
@@ -45,7 +45,7 @@ class Tmxd_line_fill_symbol final : public Copied_class<Tmxd_line_fill_symbol, T
 };
 
 class Tmxd_marker_fill_symbol final
-    : public Copied_class<Tmxd_marker_fill_symbol, Tmxd_fill_symbol> {
+    : public Copyable_class<Tmxd_marker_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"7914e608-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_marker_fill_symbol";
@@ -68,7 +68,7 @@ class Tmxd_marker_fill_symbol final
 
 // The picture itself is not kept.
 class Tmxd_picture_fill_symbol final
-    : public Copied_class<Tmxd_picture_fill_symbol, Tmxd_fill_symbol> {
+    : public Copyable_class<Tmxd_picture_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"D842B082-330C-11D2-9168-0000F87808EE"};
   static constexpr std::string_view type = "mxd_picture_fill_symbol";
@@ -86,7 +86,7 @@ class Tmxd_picture_fill_symbol final
 };
 
 class Tmxd_multilayer_fill_symbol final
-    : public Copied_class<Tmxd_multilayer_fill_symbol, Tmxd_fill_symbol> {
+    : public Copyable_class<Tmxd_multilayer_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"7914E604-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_fill_symbol";

@@ -11,7 +11,7 @@ namespace mxd {
 class Tmxd_line_decoration_element : public Tmxd_obj {};
 
 class Tmxd_simple_line_decoration_element final
-    : public Copied_class<Tmxd_simple_line_decoration_element, Tmxd_line_decoration_element> {
+    : public Copyable_class<Tmxd_simple_line_decoration_element, Tmxd_line_decoration_element> {
  public:
   static constexpr Class_id clsid{"533d88f3-0a1a-11d2-b27f-0000f878229e"};
   static constexpr std::string_view type = "mxd_simple_line_decoration_element";
@@ -36,7 +36,7 @@ struct Line_decoration_element_kind {
   static const Object_family& family();
 };
 
-class Tmxd_line_decoration final : public Copied_class<Tmxd_line_decoration> {
+class Tmxd_line_decoration final : public Copyable_class<Tmxd_line_decoration> {
  public:
   static constexpr Class_id clsid{"533d88f5-0a1a-11d2-b27f-0000f878229e"};
   static constexpr std::string_view type = "mxd_line_decoration";

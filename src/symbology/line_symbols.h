@@ -9,7 +9,7 @@
 namespace mxd {
 
 class Tmxd_simple_line_symbol final
-    : public Copied_class<Tmxd_simple_line_symbol, Tmxd_line_symbol> {
+    : public Copyable_class<Tmxd_simple_line_symbol, Tmxd_line_symbol> {
  public:
   static constexpr Class_id clsid{"7914e5f9-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_simple_line_symbol";
@@ -25,7 +25,7 @@ class Tmxd_simple_line_symbol final
 };
 
 class Tmxd_cartographic_line_symbol final
-    : public Copied_class<Tmxd_cartographic_line_symbol, Tmxd_line_symbol> {
+    : public Copyable_class<Tmxd_cartographic_line_symbol, Tmxd_line_symbol> {
  public:
   static constexpr Class_id clsid{"7914e5fb-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_cartographic_line_symbol";
@@ -47,7 +47,7 @@ class Tmxd_cartographic_line_symbol final
   void describe(Field_writer& writer) const override;
 };
 
-class Tmxd_hash_line_symbol final : public Copied_class<Tmxd_hash_line_symbol, Tmxd_line_symbol> {
+class Tmxd_hash_line_symbol final : public Copyable_class<Tmxd_hash_line_symbol, Tmxd_line_symbol> {
  public:
   static constexpr Class_id clsid{"7914e5fc-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_hash_line_symbol";
@@ -72,7 +72,7 @@ class Tmxd_hash_line_symbol final : public Copied_class<Tmxd_hash_line_symbol, T
 };
 
 class Tmxd_marker_line_symbol final
-    : public Copied_class<Tmxd_marker_line_symbol, Tmxd_line_symbol> {
+    : public Copyable_class<Tmxd_marker_line_symbol, Tmxd_line_symbol> {
  public:
   static constexpr Class_id clsid{"7914e5fd-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_marker_line_symbol";
@@ -91,7 +91,7 @@ class Tmxd_marker_line_symbol final
 };
 
 class Tmxd_multilayer_line_symbol final
-    : public Copied_class<Tmxd_multilayer_line_symbol, Tmxd_line_symbol> {
+    : public Copyable_class<Tmxd_multilayer_line_symbol, Tmxd_line_symbol> {
  public:
   static constexpr Class_id clsid{"7914E5FA-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_line_symbol";

@@ -12,7 +12,7 @@ struct Tmxd_line_template_item {
   double empty = 0;
 };
 
-class Tmxd_line_template final : public Copied_class<Tmxd_line_template> {
+class Tmxd_line_template final : public Copyable_class<Tmxd_line_template> {
  public:
   static constexpr Class_id clsid{"41093a71-cce1-11d0-bfaa-0080c7e24280"};
   static constexpr std::string_view type = "mxd_line_template";

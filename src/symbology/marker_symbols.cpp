@@ -74,7 +74,7 @@ void Tmxd_arrow_marker_symbol::describe(Field_writer& writer) const {
 }
 
 bool Tmxd_picture_marker_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  return color_slot1.read(stream, limit) && color_slot2.read(stream, limit) &&
+  return color_slot1.read_or_null(stream, limit) && color_slot2.read_or_null(stream, limit) &&
          read_bytes(stream, 65, bytes1);
 }
 

@@ -8,7 +8,7 @@
 namespace mxd {
 
 class Tmxd_simple_marker_symbol final
-    : public Copied_class<Tmxd_simple_marker_symbol, Tmxd_marker_symbol> {
+    : public Copyable_class<Tmxd_simple_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"7914E5FE-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_simple_marker_symbol";
@@ -32,7 +32,7 @@ class Tmxd_simple_marker_symbol final
 };
 
 class Tmxd_char_marker_symbol final
-    : public Copied_class<Tmxd_char_marker_symbol, Tmxd_marker_symbol> {
+    : public Copyable_class<Tmxd_char_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"7914e600-c892-11d0-8bb6-080009ee4e41"};
   static constexpr std::string_view type = "mxd_char_marker_symbol";
@@ -61,7 +61,7 @@ class Tmxd_char_marker_symbol final
 };
 
 class Tmxd_arrow_marker_symbol final
-    : public Copied_class<Tmxd_arrow_marker_symbol, Tmxd_marker_symbol> {
+    : public Copyable_class<Tmxd_arrow_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"88539431-e06e-11d1-b277-0000f878229e"};
   static constexpr std::string_view type = "mxd_arrow_marker_symbol";
@@ -85,7 +85,7 @@ class Tmxd_arrow_marker_symbol final
 
 // The picture itself is not kept.
 class Tmxd_picture_marker_symbol final
-    : public Copied_class<Tmxd_picture_marker_symbol, Tmxd_marker_symbol> {
+    : public Copyable_class<Tmxd_picture_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"7914E602-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_picture_marker_symbol";
@@ -101,7 +101,7 @@ class Tmxd_picture_marker_symbol final
 };
 
 class Tmxd_multilayer_marker_symbol final
-    : public Copied_class<Tmxd_multilayer_marker_symbol, Tmxd_marker_symbol> {
+    : public Copyable_class<Tmxd_multilayer_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"7914E5FF-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_marker_symbol";

@@ -23,7 +23,7 @@ class Tmxd_symbol_list final : public Cloned_list<Kind> {
       if (!read_wide_string(stream, tag)) return false;
       symbol->tag = std::move(tag);
       // The layer is registered by now, and a copy of it has the tag, too.
-      stream.object_grew(*symbol, symbol->tag.size() * sizeof(Wide_char));
+      stream.add_copy_cost(*symbol, symbol->tag.size() * sizeof(Wide_char));
     }
     return true;
   }
@@ -34,7 +34,7 @@ class Tmxd_symbol_list final : public Cloned_list<Kind> {
   bool read_symbols(Tmxd_mxd_stream& stream, std::int64_t limit) {
     drop_all(*this, stream);
     return read_counted(stream, [&] {
-      const Class_id_scan found = stream.scan(Kind::family().candidates(), -1, limit);
+      const Scan_result found = stream.scan(Kind::family().candidates(), -1, limit);
       return found.hit &&
              read_into(*this, Kind::family().template create_as<Held>(found.hit->class_id), stream,
                        found.hit->position, limit);

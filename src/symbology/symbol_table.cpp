@@ -7,7 +7,7 @@
 namespace mxd {
 namespace {
 
-enum class Search { finds, makes_only, ignores };
+enum class Search { finds, factory_only, ignores };
 
 struct Symbol_row {
   Object_family::Row row;
@@ -30,7 +30,7 @@ Symbol_row symbol_row(Search in_slots = Search::finds, Search in_lists = Search:
 const std::vector<Symbol_row>& symbol_table() {
   using enum Search;
   static const std::vector<Symbol_row> table = {
-      symbol_row<Tmxd_multilayer_marker_symbol>(finds, makes_only),
+      symbol_row<Tmxd_multilayer_marker_symbol>(finds, factory_only),
       symbol_row<Tmxd_multilayer_line_symbol>(finds, ignores),
       symbol_row<Tmxd_multilayer_fill_symbol>(finds, ignores),
       symbol_row<Tmxd_simple_marker_symbol>(),
@@ -50,7 +50,7 @@ const std::vector<Symbol_row>& symbol_table() {
 }
 
 void add(std::vector<Object_family::Row>& rows, Object_family::Row row, Search search) {
-  row.only_made = search == Search::makes_only;
+  row.factory_only = search == Search::factory_only;
   if (search != Search::ignores) rows.push_back(row);
 }
 

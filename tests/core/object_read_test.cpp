@@ -139,7 +139,7 @@ struct Nest_kind {
   static const Object_family& family();
 };
 
-class Nest final : public Copied_class<Nest> {
+class Nest final : public Copyable_class<Nest> {
  public:
   static constexpr Class_id clsid{"00000000-0000-0000-0000-0000000000AA"};
   static constexpr std::string_view type = "nest";

@@ -37,8 +37,8 @@ TEST(Xml, the_file_has_its_own_layout) {
 
 TEST(Xml, a_file_that_cannot_be_opened_fails) {
   Xml_tree tree("root");
-  EXPECT_FALSE(xml_save_file(widen("no such folder/file.xml"), tree.root()));
-  EXPECT_FALSE(xml_save_file(widen("."), tree.root()));
+  EXPECT_FALSE(xml_save_file(from_ascii("no such folder/file.xml"), tree.root()));
+  EXPECT_FALSE(xml_save_file(from_ascii("."), tree.root()));
 }
 
 TEST(Numbers, have_six_significant_digits) {

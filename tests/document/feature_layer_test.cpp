@@ -53,7 +53,7 @@ TEST(Feature_layer, drawing) {
     EXPECT_TRUE(read_object(layer, decoder.stream, -1, -1));
     EXPECT_EQ(decoder.errors.lines.size(), c.errors);
     EXPECT_EQ(layer.renderer.get() ? layer.renderer.get()->type_name() : "", c.renderer);
-    EXPECT_EQ(layer.str1, widen(c.read == all_scales ? "str1" : ""));
+    EXPECT_EQ(layer.str1, from_ascii(c.read == all_scales ? "str1" : ""));
     EXPECT_EQ(layer.min_scale, c.read == all_scales ? 5000 : 0);
     EXPECT_EQ(layer.max_scale, c.read == all_scales ? 100 : 0);
     const bool has_block = c.renderer == "mxd_simple_renderer" && c.read != nothing;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "support/compound_builder.h"
 #include "support/object_builder.h"
 #include "support/temp_file.h"
@@ -40,7 +40,7 @@ TEST(Document, loads_saves_and_loads_again) {
   EXPECT_EQ(0xFFFFFFFF, document.int1);
 
   EXPECT_FALSE(document.load(no_document.path(), errors));
-  EXPECT_FALSE(document.load(widen("no such file.mxd"), errors));
+  EXPECT_FALSE(document.load(from_ascii("no such file.mxd"), errors));
   EXPECT_EQ(
       "<?xml version = \"1.0\" encoding = \"windows-1251\"?>\n\n<mxd_mxd>\n<filename/>\n"
       "<int1>0</int1>\n<maps/>\n</mxd_mxd>",
@@ -83,7 +83,7 @@ TEST(Document, no_file_that_breaks_off_does_harm_on_disk_or_in_memory) {
 }
 
 TEST(Document, knows_the_ids_of_every_family) {
-  const auto known = known_class_ids().table().class_ids();
+  const auto known = known_class_scanner().table().class_ids();
   EXPECT_NE(known.end(), std::find(known.begin(), known.end(), Tmxd_map::clsid.guid));
   for (const Object_family* family :
        {&map_family(), &layer_family(), &Coordinate_system_kind::family(),

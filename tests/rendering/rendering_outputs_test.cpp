@@ -47,7 +47,7 @@ TEST(Rendering_outputs, cut_ranges) {
   Decoder decoder(Bytes().object(Tmxd_class_breaks_renderer::clsid, 30, 2, cut));
   Tmxd_class_breaks_renderer renderer;
   EXPECT_FALSE(read_object(renderer, decoder.stream, -1, -1));
-  EXPECT_EQ(renderer.wstr2, widen("hidden"));
+  EXPECT_EQ(renderer.wstr2, from_ascii("hidden"));
   expect_golden("rendering", "cut ranges", renderer);
 }
 

@@ -81,7 +81,7 @@ TEST(Legend_class, symbol_is_searched_for_up_to_the_limit) {
     // Where the symbol is out of reach, the null id is an empty label and the first raw bytes.
     EXPECT_TRUE(read_object(item, decoder.stream, -1, limit)) << limit;
     EXPECT_EQ(item.symbol_slot.get() != nullptr, limit != symbol_at + 15) << limit;
-    EXPECT_EQ(item.label, widen(item.symbol_slot.get() ? "label" : "")) << limit;
+    EXPECT_EQ(item.label, from_ascii(item.symbol_slot.get() ? "label" : "")) << limit;
   }
 }
 
@@ -137,11 +137,11 @@ TEST(Renderer_slot, second_read_replaces_the_first) {
     return dynamic_cast<const Tmxd_simple_renderer&>(*slot.get()).legend_group.label;
   };
   ASSERT_TRUE(slot.read(decoder.stream, -1));
-  EXPECT_EQ(label(), widen("Wells"));
+  EXPECT_EQ(label(), from_ascii("Wells"));
   // Gone from the slot, not from the load; but renderers are not copied.
   ASSERT_TRUE(slot.read(decoder.stream, -1));
   EXPECT_EQ(slot.get()->repeat, 1);
-  EXPECT_EQ(label(), widen(""));
+  EXPECT_EQ(label(), from_ascii(""));
   // One that fails stays in the slot.
   EXPECT_FALSE(slot.read(decoder.stream, -1));
   EXPECT_EQ(slot.get()->number, 8);
@@ -160,13 +160,13 @@ TEST(Unique_value_renderer, reads_what_count_and_version_say) {
         Tmxd_unique_value_renderer renderer;
         ASSERT_TRUE(read_object(renderer, decoder.stream, -1, -1));
         EXPECT_EQ(decoder.stream.tell(), record.size());
-        EXPECT_EQ(renderer.propname1, widen(names >= 1 ? "TYPE" : ""));
-        EXPECT_EQ(renderer.propname2, widen(names >= 2 ? "CLASS" : ""));
-        EXPECT_EQ(renderer.propname3, widen(names >= 3 ? "KIND" : ""));
+        EXPECT_EQ(renderer.propname1, from_ascii(names >= 1 ? "TYPE" : ""));
+        EXPECT_EQ(renderer.propname2, from_ascii(names >= 2 ? "CLASS" : ""));
+        EXPECT_EQ(renderer.propname3, from_ascii(names >= 3 ? "KIND" : ""));
         EXPECT_EQ(renderer.ushort10, version >= 4 ? 65535 : 0);
         EXPECT_EQ(renderer.main_leg_grp.exists, main != Main::absent);
         EXPECT_EQ(renderer.main_leg_grp.repeat, main == Main::reference);
-        EXPECT_EQ(renderer.main_leg_grp.label, widen(main == Main::present ? "main" : ""));
+        EXPECT_EQ(renderer.main_leg_grp.label, from_ascii(main == Main::present ? "main" : ""));
         EXPECT_EQ(renderer.bytes3.size(), main == Main::absent ? 0u : version < 4 ? 16u : 18u);
         ASSERT_EQ(renderer.unique_values.size(), 1u);
         expect_prefixes_fail<Tmxd_unique_value_renderer>(record);

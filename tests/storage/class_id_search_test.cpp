@@ -22,20 +22,20 @@ Guid guid_of(std::initializer_list<int> bytes) {
 const std::vector<Guid> tricky_ids = {
     guid_from_text("7914E5FF-C892-11D0-8BB6-080009EE4E41"),
     guid_from_text("7914E5FA-C892-11D0-8BB6-080009EE4E41"),
-    guid_reordered(guid_of({1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2})),
-    guid_reordered(guid_of({2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1})),
+    swap_guid_byte_order(guid_of({1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2})),
+    swap_guid_byte_order(guid_of({2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1, 2, 1})),
     guid_of({7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7}),
     Guid{}};
 
 TEST(Class_id_search, agrees_with_the_naive_search_on_planted_buffers) {
-  const Class_id_filter filter(tricky_ids);
+  const Class_id_scanner filter(tricky_ids);
   std::mt19937 random(20);
   for (int round = 0; round < 300; ++round) {
     std::vector<std::uint8_t> bytes(random() % 200);
     // Few different bytes, so that parts of ids stand everywhere.
     for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() % 3 == 0 ? 7 : random() % 3);
     for (int plant = 0; plant < 4 && bytes.size() > 16; ++plant) {
-      const Guid stored = guid_reordered(tricky_ids[random() % tricky_ids.size()]);
+      const Guid stored = swap_guid_byte_order(tricky_ids[random() % tricky_ids.size()]);
       const auto place = static_cast<std::ptrdiff_t>(random() % (bytes.size() - 15));
       std::copy(stored.bytes.begin(), stored.bytes.end(), bytes.begin() + place);
     }
@@ -58,7 +58,7 @@ TEST(Class_id_search, agrees_with_the_naive_search_on_planted_buffers) {
 }
 
 TEST(Class_id_search, finds_an_id_at_every_offset_and_up_to_the_limit) {
-  const Class_id_filter filter(tricky_ids);
+  const Class_id_scanner filter(tricky_ids);
   for (std::size_t lead = 0; lead < 20; ++lead) {
     for (std::size_t tail = 0; tail < 3; ++tail) {
       const auto bytes = Bytes().zeros(lead).guid(tricky_ids[0]).raw(std::string(tail, 'x')).data();

@@ -32,7 +32,7 @@ Extracted extract(const Byte_run& file, std::string_view name = "Maps") {
   const Temp_file temp(file);
   Tmxd_stream_m out;
   out.write(before.data(), 1, before.size());
-  const int result = read_named_stream(temp.path(), widen(name), out);
+  const int result = read_named_stream(temp.path(), from_ascii(name), out);
   return {result, {out.bytes().begin(), out.bytes().end()}};
 }
 
@@ -245,7 +245,7 @@ TEST(Compound_file, any_truncation_gives_a_prefix_or_nothing) {
 TEST(Compound_file, a_missing_file_has_no_streams) {
   const Temp_file file;
   Tmxd_stream_m out;
-  EXPECT_EQ(read_named_stream(file.beside(u"missing.mxd"), widen("Maps"), out), 0);
+  EXPECT_EQ(read_named_stream(file.beside(u"missing.mxd"), from_ascii("Maps"), out), 0);
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ TEST(Primitives, wide_strings) {
   for (const String_case& c : cases) {
     SCOPED_TRACE(c.what);
     Decoder decoder(c.stored);
-    Wide_string text = widen("before");
+    Wide_string text = from_ascii("before");
     EXPECT_EQ(c.ok, read_wide_string(decoder.stream, text));
     EXPECT_EQ(c.length, text.size());
     EXPECT_EQ(c.position, decoder.stream.tell());

@@ -22,7 +22,7 @@ const Byte_run ten_bytes = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 
 bool opens(const Wide_string& path, std::string_view mode) {
   Tmxd_stream_f stream;
-  return stream.open(path, widen(mode));
+  return stream.open(path, from_ascii(mode));
 }
 
 TEST(Memory_stream, seeks_and_reads_inside_its_bytes_only) {
@@ -72,7 +72,7 @@ TEST(Memory_stream, keeps_its_position_when_it_is_resized) {
 TEST(File_stream, reads_whole_elements_and_tells_of_missing_ones) {
   const Temp_file file(ten_bytes);
   Tmxd_stream_f stream;
-  ASSERT_TRUE(stream.open(file.path(), widen("rb")));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("rb")));
   EXPECT_EQ(stream.get_size(), 10U);
   EXPECT_EQ(stream.tell(), 0U);
   std::array<std::uint8_t, 16> buffer{};
@@ -114,26 +114,26 @@ TEST(File_stream, modes_choose_access_and_creation) {
   EXPECT_TRUE(opens(missing, "rb"));
 
   Tmxd_stream_f stream;
-  ASSERT_TRUE(stream.open(file.path(), widen("ab")));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("ab")));
   EXPECT_EQ(stream.tell(), 10U);
   EXPECT_TRUE(stream.write("ab", 1, 2));
   EXPECT_TRUE(stream.seek(0));
   EXPECT_TRUE(stream.write("x", 1, 1)) << "appending only chooses where writing starts";
-  ASSERT_TRUE(stream.open(file.path(), widen("r+")));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("r+")));
   EXPECT_EQ(stream.get_size(), 12U);
   EXPECT_TRUE(stream.set_size(3));
   EXPECT_EQ(stream.tell(), 3U);
   EXPECT_TRUE(stream.close());
   EXPECT_EQ(file.contents(), (Byte_run{'x', 1, 2}));
-  ASSERT_TRUE(stream.open(file.path(), widen("w")));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("w")));
   EXPECT_EQ(stream.get_size(), 0U);
 }
 
 TEST(File_stream, close_empties_the_line_end) {
   const Temp_file file;
   Tmxd_stream_f stream;
-  EXPECT_EQ(stream.line_end(), widen("\r\n"));
-  ASSERT_TRUE(stream.open(file.path(), widen("rb")));
+  EXPECT_EQ(stream.line_end(), from_ascii("\r\n"));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("rb")));
   EXPECT_TRUE(stream.close());
   EXPECT_EQ(stream.line_end(), Wide_string());
   EXPECT_FALSE(stream.close());
@@ -163,7 +163,7 @@ TEST(File_stream, opens_names_that_are_no_text) {
   const Temp_file file;
   for (const auto& path : test::undecodable_files(file)) {
     Tmxd_stream_f stream;
-    EXPECT_TRUE(stream.open(path, widen("rb")));
+    EXPECT_TRUE(stream.open(path, from_ascii("rb")));
     EXPECT_GT(stream.get_size(), 0U);
   }
 }
@@ -171,7 +171,7 @@ TEST(File_stream, opens_names_that_are_no_text) {
 TEST(File_stream, shares_reading_but_not_writing) {
   const Temp_file file(ten_bytes);
   Tmxd_stream_f reader;
-  ASSERT_TRUE(reader.open(file.path(), widen("rb")));
+  ASSERT_TRUE(reader.open(file.path(), from_ascii("rb")));
   EXPECT_TRUE(opens(file.path(), "rb"));
   EXPECT_FALSE(opens(file.path(), "r+"));
   EXPECT_FALSE(opens(file.path(), "w"));
@@ -181,7 +181,7 @@ TEST(File_stream, shares_reading_but_not_writing) {
 TEST(File_stream, tries_twenty_times_while_somebody_writes) {
   const Temp_file file(ten_bytes);
   Tmxd_stream_f writer;
-  ASSERT_TRUE(writer.open(file.path(), widen("r+")));
+  ASSERT_TRUE(writer.open(file.path(), from_ascii("r+")));
   const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(opens(file.path(), "rb"));
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(19));
@@ -195,7 +195,7 @@ TEST(File_stream, opens_when_the_writer_ends_in_time) {
   // A busy machine may let the writer sleep too long, but not again and again.
   for (int i = 0; i < 20 && !opened; ++i) {
     Tmxd_stream_f writer;
-    ASSERT_TRUE(writer.open(file.path(), widen("r+")));
+    ASSERT_TRUE(writer.open(file.path(), from_ascii("r+")));
     std::atomic<bool> trying = false;
     std::thread other([&] {
       trying.wait(false);

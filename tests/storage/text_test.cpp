@@ -45,15 +45,15 @@ TEST(Code_page, narrow_text_ends_at_the_first_nul_and_wide_text_does_not) {
 TEST(Text, trim_removes_only_outer_blanks) {
   const std::pair<std::string_view, std::string_view> cases[] = {
       {" \r\t\nMaps \n", "Maps"}, {"a b", "a b"}, {" \t ", ""}, {"", ""}, {"\v x", "\v x"}};
-  for (const auto& [text, trimmed] : cases) EXPECT_EQ(trim(widen(text)), widen(trimmed));
+  for (const auto& [text, trimmed] : cases) EXPECT_EQ(trim(from_ascii(text)), from_ascii(trimmed));
   EXPECT_EQ(trim(wide(u"\u00A0x")), wide(u"\u00A0x"));
 }
 
 TEST(Text, names_are_equal_whatever_their_case) {
-  EXPECT_TRUE(equal_ignoring_case(widen("Maps"), widen("mAPS")));
-  EXPECT_FALSE(equal_ignoring_case(widen("Maps"), widen("Map")));
-  EXPECT_FALSE(equal_ignoring_case(widen("Map"), widen("Maps")));
-  EXPECT_FALSE(equal_ignoring_case(widen("a[{z"), widen("a{[z")));
+  EXPECT_TRUE(equal_ignoring_case(from_ascii("Maps"), from_ascii("mAPS")));
+  EXPECT_FALSE(equal_ignoring_case(from_ascii("Maps"), from_ascii("Map")));
+  EXPECT_FALSE(equal_ignoring_case(from_ascii("Map"), from_ascii("Maps")));
+  EXPECT_FALSE(equal_ignoring_case(from_ascii("a[{z"), from_ascii("a{[z")));
 }
 
 TEST(Text, bytes_to_hex_separates_pairs) {
@@ -63,8 +63,8 @@ TEST(Text, bytes_to_hex_separates_pairs) {
 }
 
 TEST(Text, until_nul_cuts_eight_bit_text) {
-  EXPECT_EQ(until_nul(std::string_view("ab\0cd", 5)), "ab");
-  EXPECT_EQ(until_nul("ab"), "ab");
+  EXPECT_EQ(truncate_at_nul(std::string_view("ab\0cd", 5)), "ab");
+  EXPECT_EQ(truncate_at_nul("ab"), "ab");
 }
 
 TEST(Path, utf_8_becomes_utf_16) {

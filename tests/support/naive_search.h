@@ -18,11 +18,11 @@ class Naive_search final : public Tmxd_ieee_stream {
     memory_.write(bytes.data(), 1, bytes.size());
   }
 
-  Class_id_hits find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit,
-                         bool only_first = false) {
+  Find_all_result find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit,
+                           bool only_first = false) {
     const std::int64_t size = static_cast<std::int64_t>(get_size());
     const std::int64_t last = (limit < 0 ? size : limit) - 16;
-    Class_id_hits result{true, {}};
+    Find_all_result result{true, {}};
     for (std::int64_t position = start; position <= last; ++position) {
       Guid found;
       if (!seek(static_cast<std::uint64_t>(position)) || !read_guid(*this, found)) {
@@ -53,10 +53,10 @@ class Naive_search final : public Tmxd_ieee_stream {
 // Whether the index finds the same places, and the same first one.
 inline bool agree(Naive_search& naive, const Class_id_index& index,
                   std::span<const Guid> candidates, std::int64_t start, std::int64_t limit) {
-  const Class_id_hits wanted = naive.find_all(candidates, start, limit);
-  const Class_id_hits all = index.find_all(candidates, start, limit);
-  const Class_id_hits wanted_first = naive.find_all(candidates, start, limit, true);
-  const Class_id_scan first = index.scan(candidates, start, limit);
+  const Find_all_result wanted = naive.find_all(candidates, start, limit);
+  const Find_all_result all = index.find_all(candidates, start, limit);
+  const Find_all_result wanted_first = naive.find_all(candidates, start, limit, true);
+  const Scan_result first = index.scan(candidates, start, limit);
   return wanted.ok == all.ok && wanted.hits == all.hits && wanted_first.ok == first.ok &&
          wanted_first.hits.empty() == !first.hit &&
          (!first.hit || wanted_first.hits.front() == *first.hit);

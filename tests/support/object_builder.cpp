@@ -2,7 +2,7 @@
 
 #include <bit>
 
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 #include "support/temp_file.h"
 
 namespace mxd::test {
@@ -37,7 +37,7 @@ Bytes& Bytes::counting(int count, int first) {
 }
 
 Bytes& Bytes::guid(const Guid& value) {
-  const Guid stored = guid_reordered(value);
+  const Guid stored = swap_guid_byte_order(value);
   bytes_.insert(bytes_.end(), stored.bytes.begin(), stored.bytes.end());
   return *this;
 }
@@ -72,7 +72,7 @@ void fill(Tmxd_stream_m& memory, const Bytes& bytes) {
 }  // namespace
 
 Decoder::Decoder(const Bytes& bytes)
-    : stream((fill(memory_, bytes), memory_), known_class_ids(), errors) {}
+    : stream((fill(memory_, bytes), memory_), known_class_scanner(), errors) {}
 
 std::string dump_of(const Tmxd_obj& object) {
   std::string out = "to be cleared";

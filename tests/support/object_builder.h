@@ -25,7 +25,7 @@ class Bytes {
   Bytes& f64(double value);
   Bytes& f64s(std::initializer_list<double> values);
   // A wide string of ASCII text or UTF-16 units; its count is that of its bytes.
-  Bytes& wide(std::string_view text) { return wide(widen(text)); }
+  Bytes& wide(std::string_view text) { return wide(from_ascii(text)); }
   Bytes& wide(const char* text) { return wide(std::string_view(text)); }
   Bytes& wide(const Wide_string& text);
   Bytes& narrow(std::string_view text);

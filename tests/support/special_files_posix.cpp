@@ -11,7 +11,7 @@ namespace mxd::test {
 std::vector<std::pair<std::string, Wide_string>> special_files(const Temp_file& file) {
   const Wide_string pipe = file.beside(u"pipe");
   ::mkfifo(std::filesystem::path(pipe).c_str(), 0600);
-  return {{"folder", file.folder()}, {"pipe", pipe}, {"device", widen("/dev/zero")}};
+  return {{"folder", file.folder()}, {"pipe", pipe}, {"device", from_ascii("/dev/zero")}};
 }
 
 std::vector<Wide_string> undecodable_files(const Temp_file& file) {

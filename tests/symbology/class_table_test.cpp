@@ -18,7 +18,7 @@ TEST(Symbology_classes, read_show_and_copy_every_field) {
 
     // What a symbol is as a layer travels with its copies, but for one class.
     auto* symbol = dynamic_cast<Tmxd_symbol*>(object.get());
-    if (symbol) symbol->tag = widen("tag");
+    if (symbol) symbol->tag = from_ascii("tag");
     const auto copy = row.make();
     ASSERT_TRUE(read_object(*copy, decoder.stream, -1, -1));
     EXPECT_EQ(copy->repeat, 1);

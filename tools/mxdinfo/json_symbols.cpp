@@ -21,7 +21,7 @@ Json color_json(const Tmxd_color_slot& slot) {
 }
 
 Json font_json(const Tmxd_font& font) {
-  return {{"name", utf8_of_narrow(until_nul(font.font_name))},
+  return {{"name", utf8_of_narrow(truncate_at_nul(font.font_name))},
           {"size", font.size_in_points()},
           {"weight", font.weight},
           {"charset", font.charset},

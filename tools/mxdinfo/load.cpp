@@ -61,7 +61,7 @@ void load(const std::string& path, Report& report) {
     return;
   }
   mxd::Tmxd_stream_f file;
-  if (file.open(wide_path, mxd::widen("rb"))) {
+  if (file.open(wide_path, mxd::from_ascii("rb"))) {
     load_stream(file, wide_path, report);
   } else {
     report.failure = "cannot be opened";

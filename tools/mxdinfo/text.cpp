@@ -39,9 +39,9 @@ void visit_layers(const Tmxd_mxd& document, Visit visit) {
   }
 }
 
-class Text_writer final : public Report_writer {
+class Text_report_writer final : public Report_writer {
  public:
-  explicit Text_writer(const Options& options)
+  explicit Text_report_writer(const Options& options)
       : view_(view_of(options.view)), color_(options.color) {}
 
   std::string document(const Report& report) const override {
@@ -140,7 +140,7 @@ std::string coordinate_systems_view(const Tmxd_mxd& document, const std::string&
 }
 
 std::unique_ptr<Report_writer> make_text_writer(const Options& options) {
-  return std::make_unique<Text_writer>(options);
+  return std::make_unique<Text_report_writer>(options);
 }
 
 std::unique_ptr<Report_writer> make_source_finder(const Options& options) {

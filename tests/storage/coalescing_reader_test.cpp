@@ -1,4 +1,4 @@
-#include "storage/piece_reader.h"
+#include "storage/coalescing_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ class Shrunken_stream final : public Tmxd_stream {
   std::uint64_t position_ = 0;
 };
 
-TEST(Piece_reader, reads_the_pieces_before_the_first_that_is_not_whole) {
+TEST(Coalescing_reader, reads_the_pieces_before_the_first_that_is_not_whole) {
   std::mt19937 random(7);
   const Byte_run bytes = noise(40000);
   for (int round = 0; round < 400; ++round) {
@@ -63,7 +63,7 @@ TEST(Piece_reader, reads_the_pieces_before_the_first_that_is_not_whole) {
       wanted.insert(wanted.end(), start, start + static_cast<std::ptrdiff_t>(piece));
     }
     Shrunken_stream stream(bytes, bytes.size() + (round % 2 == 0 ? 0 : 30000));
-    Piece_reader reader(stream, 1U << 20);
+    Coalescing_reader reader(stream, 1U << 20);
     Byte_run read(offsets.size() * piece, 0xEE);
     ASSERT_EQ(wanted.size(), reader.read(offsets, piece, read) * piece);
     ASSERT_TRUE(std::equal(wanted.begin(), wanted.end(), read.begin()));

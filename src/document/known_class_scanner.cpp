@@ -1,4 +1,4 @@
-#include "document/known_class_ids.h"
+#include "document/known_class_scanner.h"
 
 #include "document/map.h"
 #include "rendering/property_page.h"
@@ -7,8 +7,8 @@
 
 namespace mxd {
 
-const Class_id_filter& known_class_ids() {
-  static const Class_id_filter filter = [] {
+const Class_id_scanner& known_class_scanner() {
+  static const Class_id_scanner filter = [] {
     std::vector<Guid> ids;
     for (const Object_family* family :
          {&map_family(), &layer_family(), &Coordinate_system_kind::family(),
@@ -18,7 +18,7 @@ const Class_id_filter& known_class_ids() {
       ids.insert(ids.end(), family->candidates().begin(), family->candidates().end());
     }
     ids.insert(ids.end(), property_page_ids().begin(), property_page_ids().end());
-    return Class_id_filter(std::move(ids));
+    return Class_id_scanner(std::move(ids));
   }();
   return filter;
 }

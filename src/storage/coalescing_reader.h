@@ -12,10 +12,10 @@ namespace mxd {
 
 using Offsets = std::vector<std::int64_t>;
 
-class Piece_reader {
+class Coalescing_reader {
  public:
   // What lies behind `reachable` is treated as absent.
-  Piece_reader(Tmxd_stream& stream, std::uint64_t reachable);
+  Coalescing_reader(Tmxd_stream& stream, std::uint64_t reachable);
 
   std::uint64_t file_size() const { return file_size_; }
   // All that was asked of the file so far.

@@ -1,22 +1,22 @@
-#include "storage/piece_reader.h"
+#include "storage/coalescing_reader.h"
 
 #include <algorithm>
 #include <array>
 
 namespace mxd {
 
-Piece_reader::Piece_reader(Tmxd_stream& stream, std::uint64_t reachable)
+Coalescing_reader::Coalescing_reader(Tmxd_stream& stream, std::uint64_t reachable)
     : stream_(stream),
       file_size_(std::min(stream.get_size(), reachable)),
       unwanted_left_(static_cast<std::int64_t>(file_size_ / unwanted_share)) {}
 
-bool Piece_reader::in_file(std::int64_t offset, std::size_t length) const {
+bool Coalescing_reader::in_file(std::int64_t offset, std::size_t length) const {
   return offset >= 0 && length <= file_size_ &&
          static_cast<std::uint64_t>(offset) <= file_size_ - length;
 }
 
-std::size_t Piece_reader::read(std::span<const std::int64_t> offsets, std::size_t piece,
-                               std::span<std::uint8_t> to) {
+std::size_t Coalescing_reader::read(std::span<const std::int64_t> offsets, std::size_t piece,
+                                    std::span<std::uint8_t> to) {
   std::size_t done = 0;
   while (done < offsets.size()) {
     const auto rest = offsets.subspan(done);
@@ -33,8 +33,8 @@ std::size_t Piece_reader::read(std::span<const std::int64_t> offsets, std::size_
   return done;
 }
 
-std::size_t Piece_reader::pieces_in_a_row(std::span<const std::int64_t> offsets,
-                                          std::size_t piece) const {
+std::size_t Coalescing_reader::pieces_in_a_row(std::span<const std::int64_t> offsets,
+                                               std::size_t piece) const {
   std::size_t count = 0;
   std::int64_t offset = offsets.front();
   while (count < offsets.size() && offsets[count] == offset && in_file(offset, piece)) {
@@ -45,8 +45,8 @@ std::size_t Piece_reader::pieces_in_a_row(std::span<const std::int64_t> offsets,
 }
 
 // As many as are worth to be read with all that lies between them.
-std::size_t Piece_reader::pieces_in_window(std::span<const std::int64_t> offsets,
-                                           std::size_t piece) const {
+std::size_t Coalescing_reader::pieces_in_window(std::span<const std::int64_t> offsets,
+                                                std::size_t piece) const {
   const auto size = static_cast<std::int64_t>(piece);
   std::size_t count = 0;
   std::int64_t low = offsets.front();
@@ -62,8 +62,8 @@ std::size_t Piece_reader::pieces_in_window(std::span<const std::int64_t> offsets
   return count;
 }
 
-std::size_t Piece_reader::read_window(std::span<const std::int64_t> offsets, std::size_t piece,
-                                      std::span<std::uint8_t> to) {
+std::size_t Coalescing_reader::read_window(std::span<const std::int64_t> offsets, std::size_t piece,
+                                           std::span<std::uint8_t> to) {
   const auto [low, high] = std::ranges::minmax(offsets);
   std::array<std::uint8_t, window_size> window;
   const auto size = static_cast<std::size_t>(high - low) + piece;
@@ -77,7 +77,7 @@ std::size_t Piece_reader::read_window(std::span<const std::int64_t> offsets, std
   return offsets.size();
 }
 
-std::size_t Piece_reader::read_bytes(std::int64_t offset, std::span<std::uint8_t> to) {
+std::size_t Coalescing_reader::read_bytes(std::int64_t offset, std::span<std::uint8_t> to) {
   const auto start = static_cast<std::uint64_t>(offset);
   bytes_read_ += to.size();
   if (!stream_.seek(start) || !stream_.read(to.data(), 1, to.size())) return 0;

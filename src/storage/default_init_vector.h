@@ -9,15 +9,15 @@
 namespace mxd {
 
 template <class T>
-struct Unfilled_allocator : std::allocator<T> {
+struct Default_init_allocator : std::allocator<T> {
   template <class Other>
   struct rebind {
-    using other = Unfilled_allocator<Other>;
+    using other = Default_init_allocator<Other>;
   };
 
-  Unfilled_allocator() = default;
+  Default_init_allocator() = default;
   template <class Other>
-  Unfilled_allocator(const Unfilled_allocator<Other>& /*other*/) noexcept {}
+  Default_init_allocator(const Default_init_allocator<Other>& /*other*/) noexcept {}
 
   template <class Element>
   void construct(Element* place) {
@@ -30,6 +30,6 @@ struct Unfilled_allocator : std::allocator<T> {
 };
 
 template <class T>
-using Unfilled = std::vector<T, Unfilled_allocator<T>>;
+using Default_init_vector = std::vector<T, Default_init_allocator<T>>;
 
 }  // namespace mxd

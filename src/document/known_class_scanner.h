@@ -5,6 +5,6 @@
 
 namespace mxd {
 
-const Class_id_filter& known_class_ids();
+const Class_id_scanner& known_class_scanner();
 
 }  // namespace mxd
