@@ -1,0 +1,71 @@
+#include "mxdinfo/cli/load.h"
+
+#include <algorithm>
+#include <array>
+
+#include "mxdinfo/cli/platform.h"
+#include "mxdinfo/facts/utf8.h"
+#include "storage/file_stream.h"
+#include "storage/memory_stream.h"
+#include "storage/native_path.h"
+
+namespace mxdinfo {
+namespace {
+
+// Compound files of this kind end there.
+constexpr std::size_t largest_document = std::size_t{1} << 31;
+
+class Loss_collector final : public mxd::Error_sink {
+ public:
+  explicit Loss_collector(std::vector<Lost_object>& lost) : lost_(lost) {}
+  void read_failed(const mxd::Read_error& error) override {
+    lost_.push_back({error.number, std::string(error.type_name), error.position});
+  }
+
+ private:
+  std::vector<Lost_object>& lost_;
+};
+
+bool read_standard_input(mxd::Tmxd_stream_m& bytes) {
+  std::FILE* input = binary_standard_input();
+  std::array<char, 1 << 16> piece;
+  std::size_t size = 0;
+  while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), input)) {
+    if (size + got > largest_document || !bytes.set_size(size + got)) return false;
+    std::copy_n(piece.data(), got, bytes.bytes().begin() + static_cast<std::ptrdiff_t>(size));
+    size += got;
+  }
+  return std::ferror(input) == 0 && bytes.seek(0);
+}
+
+void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& report) {
+  report.size = file.get_size();
+  Loss_collector losses(report.lost);
+  if (!report.content.load(file, path, losses)) {
+    report.failure = "not readable as a map document";
+  }
+}
+
+}  // namespace
+
+void load(const std::string& path, Report& report) {
+  const mxd::Wide_string wide_path = mxd::path_from_bytes(path);
+  report.name = utf8(wide_path);
+  if (path == "-") {
+    mxd::Tmxd_stream_m bytes;
+    if (read_standard_input(bytes)) {
+      load_stream(bytes, wide_path, report);
+    } else {
+      report.failure = "cannot be read";
+    }
+    return;
+  }
+  mxd::Tmxd_stream_f file;
+  if (file.open(wide_path, mxd::from_ascii("rb"))) {
+    load_stream(file, wide_path, report);
+  } else {
+    report.failure = "cannot be opened";
+  }
+}
+
+}  // namespace mxdinfo

@@ -1,0 +1,180 @@
+#include "mxdinfo/cli/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+
+#include "mxdinfo/cli/platform.h"
+
+namespace mxdinfo {
+namespace {
+
+constexpr const char* examples = R"(Examples:
+  mxdinfo plan.mxd                                   what is in a document
+  mxdinfo -r --format html -o maps.html Projects     a page about all documents of a folder
+  mxdinfo -r --find-source OLDSERVER Projects        who still uses data on OLDSERVER
+  mxdinfo -r -j 4 --format csv -o layers.csv Projects  a table of all layers
+
+Exit code: 0 all documents were read, 1 some could not be, 2 wrong usage,
+3 something in a document could not be decoded (with --strict).)";
+
+std::map<std::string, Format> formats() {
+  return {{"text", Format::text}, {"json", Format::json}, {"ndjson", Format::ndjson},
+          {"csv", Format::csv},   {"xml", Format::xml},   {"dump", Format::dump},
+          {"html", Format::html}};
+}
+
+std::map<std::string, Color_mode> color_modes() {
+  return {{"auto", Color_mode::automatic},
+          {"always", Color_mode::always},
+          {"never", Color_mode::never}};
+}
+
+// What options say that are kept in another form.
+struct Raw_options {
+  Options options;
+  bool dump = false;
+  std::string xml_file;
+  bool layers = false, sources = false, coordinate_systems = false, symbols = false;
+};
+
+std::string not_empty(const std::string& text) {
+  return text.empty() ? "must not be empty" : "";
+}
+
+// The parser takes an argument in brackets for a list. As a path it can be written so that it is
+// none.
+std::vector<std::string> arguments_of(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    const bool in_brackets =
+        argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
+    arguments.push_back(in_brackets ? "./" + argument : std::move(argument));
+  }
+  // The parser wants them from the last to the first.
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
+}
+
+void add_inputs(CLI::App& app, Options& options) {
+  app.add_option("FILE", options.inputs,
+                 "map documents, folders of them, or - for a document on standard input")
+      ->type_name("");
+  app.add_flag("-r,--recursive", options.recursive, "look for *.mxd in subfolders, too");
+  app.add_option("--files-from", options.files_from,
+                 "read the names of documents from LIST, one a line; - is standard input")
+      ->type_name("LIST");
+  app.add_flag("-0,--null", options.nul_separated, "names in LIST end with NUL");
+  app.add_option("-j,--jobs", options.jobs, "documents read at the same time; 0 for all cores")
+      ->type_name("N")
+      ->check(CLI::Range(0, 256));
+}
+
+void add_outputs(CLI::App& app, Raw_options& raw) {
+  Options& options = raw.options;
+  auto* format =
+      app.add_option("-f,--format", options.format,
+                     "text (default), json, ndjson, csv, html; of one document xml, dump")
+          ->type_name("FORMAT")
+          ->transform(CLI::CheckedTransformer(formats()).description(""));
+  app.add_option("-o,--output", options.output, "write to FILE, not to standard output")
+      ->type_name("FILE")
+      ->check(not_empty);
+  auto* dump = app.add_flag("--dump", raw.dump, "the same as --format dump")->excludes(format);
+  app.add_option("--xml", raw.xml_file, "the same as --format xml -o OUT")
+      ->type_name("OUT")
+      ->check(not_empty)
+      ->excludes(dump)
+      ->excludes(format);
+}
+
+void add_views(CLI::App& app, Raw_options& raw) {
+  auto* views = app.add_option_group("Views", "parts of the text");
+  views->add_flag("--layers", raw.layers, "a line for each layer");
+  views->add_flag("--sources", raw.sources, "the data sources and who uses them");
+  views->add_flag("--crs", raw.coordinate_systems, "the coordinate systems and who uses them");
+  views->add_flag("--symbols", raw.symbols, "the legends, each symbol with its layers");
+  views
+      ->add_option("--find-source", raw.options.find_source,
+                   "the layers whose data source contains TEXT, capitals or not (text, csv)")
+      ->type_name("TEXT")
+      ->check(not_empty);
+  views->require_option(0, 1);
+}
+
+void add_manners(CLI::App& app, Options& options) {
+  auto* quiet = app.add_flag("-q,--quiet", options.quiet, "say nothing but what went wrong");
+  app.add_flag("-v,--verbose", options.verbose, "say something about each document")
+      ->excludes(quiet);
+  app.add_option("--color", options.color_mode, "auto (default), always, never")
+      ->type_name("WHEN")
+      ->transform(CLI::CheckedTransformer(color_modes()).description(""));
+  app.add_flag("--strict", options.strict, "end with 3 when something could not be decoded");
+  app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
+}
+
+Options resolved(const Raw_options& raw) {
+  Options options = raw.options;
+  if (raw.dump) options.format = Format::dump;
+  if (!raw.xml_file.empty()) {
+    options.format = Format::xml;
+    options.output = raw.xml_file;
+  }
+  options.view = raw.layers               ? View::layers
+                 : raw.sources            ? View::sources
+                 : raw.coordinate_systems ? View::coordinate_systems
+                 : raw.symbols            ? View::symbols
+                                          : View::tree;
+  options.color =
+      options.color_mode == Color_mode::always ||
+      (options.color_mode == Color_mode::automatic && options.output.empty() && color_is_welcome());
+  return options;
+}
+
+void check(const Options& options) {
+  const auto wrong = [](const char* name, const char* message) {
+    throw CLI::ValidationError(name, message);
+  };
+  if (options.inputs.empty() && options.files_from.empty()) throw CLI::RequiredError("FILE");
+  const auto uses_of_input =
+      std::count(options.inputs.begin(), options.inputs.end(), "-") + (options.files_from == "-");
+  if (uses_of_input > 1) wrong("-", "standard input can be read only once");
+  const bool of_one = options.format == Format::xml || options.format == Format::dump;
+  if (of_one && (options.inputs.size() != 1 || !options.files_from.empty())) {
+    wrong("FILE", "xml and dump take one file");
+  }
+  const bool text = options.format == Format::text;
+  if (options.view != View::tree && !text) wrong("--format", "views are of the text");
+  if (!options.find_source.empty() && !text && options.format != Format::csv) {
+    wrong("--find-source", "goes with text and csv");
+  }
+}
+
+}  // namespace
+
+std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv) {
+  Raw_options raw;
+  CLI::App app(
+      "Shows the maps, layers, data sources, coordinate systems and legends of ArcMap map "
+      "documents.",
+      "mxdinfo");
+  app.get_formatter()->column_width(26);
+  app.footer(examples);
+  // A slash begins a path on every system.
+  app.allow_windows_style_options(false);
+  add_inputs(app, raw.options);
+  add_outputs(app, raw);
+  add_views(app, raw);
+  add_manners(app, raw.options);
+  try {
+    app.parse(arguments_of(argc, argv));
+    Options options = resolved(raw);
+    check(options);
+    return options;
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? all_read : wrong_usage;
+  }
+}
+
+}  // namespace mxdinfo

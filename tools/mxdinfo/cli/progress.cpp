@@ -1,0 +1,61 @@
+#include "mxdinfo/cli/progress.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace mxdinfo {
+namespace {
+
+constexpr auto shortest_wait = std::chrono::milliseconds(100);
+
+std::string counted(std::size_t count, std::string_view what) {
+  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+void say(std::string_view text) {
+  static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
+  static_cast<void>(std::fflush(stderr));
+}
+
+double Progress::seconds() const {
+  return std::max(std::chrono::duration<double>(Clock::now() - start_).count(), 1e-3);
+}
+
+void Progress::erase() {
+  if (width_ == 0) return;
+  say(fmt::format("\r{:{}}\r", "", width_));
+  width_ = 0;
+}
+
+void Progress::count(const Totals& totals) {
+  if (!shown_ || Clock::now() - last_ < shortest_wait) return;
+  last_ = Clock::now();
+  const double rate = static_cast<double>(totals.documents) / seconds();
+  const double left = static_cast<double>(total_ - totals.documents) / rate;
+  const std::string line = fmt::format("{} of {} documents, {:.0f} a second, {:.0f} s left",
+                                       totals.documents, total_, rate, left);
+  erase();
+  say(line);
+  width_ = line.size();
+}
+
+void Progress::say_line(const std::string& line) {
+  erase();
+  say(line + "\n");
+}
+
+void Progress::end(const Totals& totals) {
+  erase();
+  std::string line = "mxdinfo: " + counted(totals.documents, "document");
+  if (totals.unreadable != 0) line += fmt::format(", {} of them unreadable", totals.unreadable);
+  line += ", " + counted(totals.maps, "map") + ", " + counted(totals.layers, "layer");
+  if (totals.lost != 0) line += ", " + counted(totals.lost, "object") + " not decoded";
+  say(fmt::format("{}; {:.2f} s, {:.0f} documents a second\n", line, seconds(),
+                  static_cast<double>(totals.documents) / seconds()));
+}
+
+}  // namespace mxdinfo

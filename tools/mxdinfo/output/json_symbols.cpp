@@ -1,0 +1,199 @@
+#include "mxdinfo/facts/facts.h"
+#include "mxdinfo/facts/symbol_text.h"
+#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/output/json_parts.h"
+#include "symbology/fill_symbols.h"
+#include "symbology/line_symbols.h"
+#include "symbology/marker_symbols.h"
+
+namespace mxdinfo {
+namespace {
+
+using namespace mxd;
+
+Json color_json(const Tmxd_color_slot& slot) {
+  const auto* color = slot.get();
+  if (!color) return nullptr;
+  return {{"rgb", color_hex(*color)},
+          {"no_use", color->get_no_use_flag()},
+          {"dither", color->get_dither_flag()},
+          {"class", color->type_name()}};
+}
+
+Json font_json(const Tmxd_font& font) {
+  return {{"name", utf8_of_narrow(truncate_at_nul(font.font_name))},
+          {"size", font.size_in_points()},
+          {"weight", font.weight},
+          {"charset", font.charset},
+          {"italic", font.italic()},
+          {"underline", font.underline()},
+          {"strikethrough", font.strikethrough()}};
+}
+
+Json template_json(const Tmxd_line_template& line_template) {
+  if (!line_template.exists) return nullptr;
+  Json items = Json::array();
+  for (const auto& item : line_template.items) {
+    items.push_back({{"filled", item.filled}, {"empty", item.empty}});
+  }
+  return {{"interval", line_template.pattern_interval}, {"items", std::move(items)}};
+}
+
+Json decoration_json(const Tmxd_line_decoration& decoration) {
+  Json elements = Json::array();
+  for (const auto& item : decoration.elements) {
+    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item.get());
+    if (!element) continue;
+    elements.push_back({{"marker", symbol_json(element->marker.get())},
+                        {"positions", element->positions},
+                        {"fixed_angle", element->unfixed_angle == 0},
+                        {"flip_first", element->flip_first != 0},
+                        {"flip_all", element->flip_all != 0}});
+  }
+  return elements;
+}
+
+void add(Json& json, const Tmxd_simple_marker_symbol& symbol) {
+  json["style"] = symbol.simple_marker_style;
+  json["style_name"] = marker_style_name(symbol.simple_marker_style);
+  json["color"] = color_json(symbol.color);
+  json["size"] = symbol.size;
+  json["angle"] = symbol.angle;
+  json["offset_x"] = symbol.x_offset;
+  json["offset_y"] = symbol.y_offset;
+  json["outline"] = symbol.outline_flag != 0;
+  json["outline_width"] = symbol.outline_width;
+  json["outline_color"] = color_json(symbol.outline_color);
+}
+
+void add(Json& json, const Tmxd_char_marker_symbol& symbol) {
+  json["character"] = symbol.unicode;
+  json["font_name"] = utf8(symbol.font_name);
+  json["font"] = font_json(symbol.font);
+  json["color"] = color_json(symbol.color_slot);
+  json["size"] = symbol.size;
+  json["angle"] = symbol.angle;
+  json["offset_x"] = symbol.x_offset;
+  json["offset_y"] = symbol.y_offset;
+}
+
+void add(Json& json, const Tmxd_arrow_marker_symbol& symbol) {
+  json["color"] = color_json(symbol.color_slot);
+  json["size"] = symbol.size;
+  json["width"] = symbol.width;
+  json["angle"] = symbol.angle;
+  json["offset_x"] = symbol.x_offset;
+  json["offset_y"] = symbol.y_offset;
+}
+
+void add(Json& json, const Tmxd_picture_marker_symbol& symbol) {
+  json["colors"] = {color_json(symbol.color_slot1), color_json(symbol.color_slot2)};
+}
+
+void add(Json& json, const Tmxd_simple_line_symbol& symbol) {
+  json["style"] = symbol.line_type;
+  json["style_name"] = line_style_name(symbol.line_type);
+  json["color"] = color_json(symbol.color_slot);
+  json["width"] = symbol.width;
+}
+
+void add(Json& json, const Tmxd_cartographic_line_symbol& symbol) {
+  json["color"] = color_json(symbol.color_slot);
+  json["width"] = symbol.width;
+  json["offset"] = symbol.offset;
+  json["cap"] = symbol.cap;
+  json["join"] = symbol.join;
+  json["template"] = template_json(symbol.line_template);
+  json["decorations"] = decoration_json(symbol.line_decoration);
+}
+
+void add(Json& json, const Tmxd_hash_line_symbol& symbol) {
+  json["color"] = color_json(symbol.color_slot);
+  json["width"] = symbol.width;
+  json["angle"] = symbol.angle;
+  json["offset"] = symbol.offset;
+  json["cap"] = symbol.cap;
+  json["join"] = symbol.join;
+  json["template"] = template_json(symbol.line_template);
+  json["line"] = symbol_json(symbol.line_slot.get());
+}
+
+void add(Json& json, const Tmxd_marker_line_symbol& symbol) {
+  json["offset"] = symbol.offset;
+  json["template"] = template_json(symbol.line_template);
+  json["marker"] = symbol_json(symbol.pattern_marker.get());
+}
+
+void add(Json& json, const Tmxd_simple_fill_symbol& symbol) {
+  json["color"] = color_json(symbol.color_slot);
+  json["outline"] = symbol_json(symbol.outline.get());
+}
+
+void add(Json& json, const Tmxd_line_fill_symbol& symbol) {
+  json["angle"] = symbol.angle;
+  json["offset"] = symbol.offset;
+  json["separation"] = symbol.separation;
+  json["pattern"] = symbol_json(symbol.pattern.get());
+  json["outline"] = symbol_json(symbol.outline.get());
+}
+
+void add(Json& json, const Tmxd_marker_fill_symbol& symbol) {
+  json["random"] = symbol.random;
+  json["offset_x"] = symbol.offset_x;
+  json["offset_y"] = symbol.offset_y;
+  json["separation_x"] = symbol.separation_x;
+  json["separation_y"] = symbol.separation_y;
+  json["marker"] = symbol_json(symbol.marker_slot.get());
+  json["outline"] = symbol_json(symbol.outline_slot.get());
+}
+
+void add(Json& json, const Tmxd_picture_fill_symbol& symbol) {
+  json["colors"] = {color_json(symbol.color_slot1), color_json(symbol.color_slot2),
+                    color_json(symbol.color_slot3)};
+  json["outline"] = symbol_json(symbol.outline.get());
+}
+
+template <class List>
+void add_layers(Json& json, const List& layers) {
+  json["layers"] = Json::array();
+  for (const auto& layer : layers) json["layers"].push_back(symbol_json(layer.get()));
+}
+
+void add(Json& json, const Tmxd_multilayer_marker_symbol& symbol) {
+  add_layers(json, symbol.marker_symbols);
+}
+void add(Json& json, const Tmxd_multilayer_line_symbol& symbol) {
+  add_layers(json, symbol.line_symbols);
+}
+void add(Json& json, const Tmxd_multilayer_fill_symbol& symbol) {
+  add_layers(json, symbol.fill_symbols);
+}
+
+// Adds what the first of the classes says that the symbol is of.
+template <class... Classes>
+void add_as(Json& json, const Tmxd_symbol& symbol) {
+  const auto added = [&]<class Class>(const Class* same) {
+    if (same) add(json, *same);
+    return same != nullptr;
+  };
+  static_cast<void>((added(dynamic_cast<const Classes*>(&symbol)) || ...));
+}
+
+}  // namespace
+
+Json symbol_json(const Tmxd_symbol* symbol) {
+  if (!symbol) return nullptr;
+  Json json = {{"class", symbol->type_name()},
+               {"enabled", symbol->enabled != 0},
+               {"locked", symbol->locked != 0},
+               {"tag", utf8(symbol->tag)}};
+  add_as<Tmxd_simple_marker_symbol, Tmxd_char_marker_symbol, Tmxd_arrow_marker_symbol,
+         Tmxd_picture_marker_symbol, Tmxd_multilayer_marker_symbol, Tmxd_simple_line_symbol,
+         Tmxd_cartographic_line_symbol, Tmxd_hash_line_symbol, Tmxd_marker_line_symbol,
+         Tmxd_multilayer_line_symbol, Tmxd_simple_fill_symbol, Tmxd_line_fill_symbol,
+         Tmxd_marker_fill_symbol, Tmxd_picture_fill_symbol, Tmxd_multilayer_fill_symbol>(json,
+                                                                                         *symbol);
+  return json;
+}
+
+}  // namespace mxdinfo

@@ -1,0 +1,36 @@
+// Writers of the output formats.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+
+#include "mxdinfo/facts/report.h"
+
+namespace mxdinfo {
+
+// Turns reports into text: begin, each document in input order, end.
+class Report_writer {
+ public:
+  Report_writer() = default;
+  Report_writer(const Report_writer&) = delete;
+  Report_writer& operator=(const Report_writer&) = delete;
+  virtual ~Report_writer() = default;
+
+  virtual std::string begin() const { return {}; }
+  // Called by several threads, in any order.
+  virtual std::string document(const Report& report) const = 0;
+  virtual std::string end(std::span<const Summary> /*documents*/) const { return {}; }
+};
+
+struct Options;
+std::unique_ptr<Report_writer> make_writer(const Options& options);
+
+std::unique_ptr<Report_writer> make_text_writer(const Options& options);
+std::unique_ptr<Report_writer> make_source_finder(const Options& options);
+std::unique_ptr<Report_writer> make_json_writer(const Options& options);
+std::unique_ptr<Report_writer> make_csv_writer(const Options& options);
+std::unique_ptr<Report_writer> make_html_writer();
+std::unique_ptr<Report_writer> make_dump_writer();
+
+}  // namespace mxdinfo

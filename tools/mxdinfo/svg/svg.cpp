@@ -1,0 +1,142 @@
+#include "mxdinfo/svg/svg.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "mxdinfo/facts/facts.h"
+#include "mxdinfo/facts/symbol_text.h"
+#include "mxdinfo/facts/utf8.h"
+
+namespace mxdinfo {
+namespace {
+
+constexpr double swatch_width = 48;
+constexpr double swatch_height = 24;
+constexpr double margin = 2;
+
+std::string title_of(const mxd::Tmxd_symbol* symbol) {
+  constexpr std::size_t most_layers = 20;
+  const auto layers = symbol_layers(symbol);
+  std::string title;
+  for (const auto* layer : layers) {
+    if (title.size() > most_layers * 100) break;
+    if (!title.empty()) title += "; ";
+    title += symbol_text(layer);
+    if (layer && !layer->enabled) title += " (off)";
+  }
+  return title.empty() ? symbol_text(symbol) : title;
+}
+
+// How much smaller than life a symbol is drawn, so that it fits.
+double reduction(double reach) {
+  constexpr double room = swatch_height / 2 - margin;
+  return std::max(1.0, bounded(reach) / room);
+}
+
+void draw(Canvas& canvas, const mxd::Tmxd_symbol* symbol, double scale) {
+  const double width = swatch_width * scale;
+  const double height = swatch_height * scale;
+  const double edge = margin * scale;
+  const Box inside{-width / 2 + edge, -height / 2 + edge, width - 2 * edge, height - 2 * edge};
+  if (!symbol) {
+    canvas.unknown(inside, "no symbol was read");
+  } else if (dynamic_cast<const mxd::Tmxd_marker_symbol*>(symbol)) {
+    draw_marker(canvas, symbol, {}, 0);
+  } else if (dynamic_cast<const mxd::Tmxd_line_symbol*>(symbol)) {
+    const Way way{{{inside.x, 0}, {inside.x + inside.width, 0}}, false};
+    draw_line(canvas, symbol, way, 0);
+  } else {
+    draw_fill(canvas, symbol, inside, 0);
+  }
+}
+
+}  // namespace
+
+double bounded(double value) {
+  constexpr double most = 5000;
+  return std::isfinite(value) ? std::clamp(value, -most, most) : 0;
+}
+
+std::string number(double value) {
+  std::string text = fmt::format("{:.2f}", bounded(value));
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text == "-0" ? "0" : text;
+}
+
+std::string paint(const mxd::Tmxd_color_slot& slot) {
+  return drawn_color(slot).value_or("none");
+}
+
+Way way_around(const Box& box) {
+  const double right = box.x + box.width;
+  const double bottom = box.y + box.height;
+  return {{{box.x, box.y}, {right, box.y}, {right, bottom}, {box.x, bottom}, {box.x, box.y}}, true};
+}
+
+double length_of(const Way& way) {
+  double length = 0;
+  for (std::size_t i = 1; i < way.points.size(); ++i) {
+    length +=
+        std::hypot(way.points[i].x - way.points[i - 1].x, way.points[i].y - way.points[i - 1].y);
+  }
+  return length;
+}
+
+Mark mark_at(const Way& way, double distance) {
+  Mark mark;
+  for (std::size_t i = 1; i < way.points.size(); ++i) {
+    const Point from = way.points[i - 1];
+    const double x = way.points[i].x - from.x;
+    const double y = way.points[i].y - from.y;
+    const double length = std::hypot(x, y);
+    if (length == 0) continue;
+    const double part = std::min(distance / length, 1.0);
+    mark = {{from.x + x * part, from.y + y * part}, std::atan2(-y, x) * 180 / std::numbers::pi};
+    if (distance <= length) break;
+    distance -= length;
+  }
+  return mark;
+}
+
+void Canvas::unknown(const Box& box, std::string_view title) {
+  if (!open(R"(<g class="unknown">)")) return;
+  out_ += fmt::format("<title>{}</title>", in_markup(title));
+  out_ += fmt::format(R"(<rect x="{}" y="{}" width="{}" height="{}"/>)", number(box.x),
+                      number(box.y), number(box.width), number(box.height));
+  // Lines on which x and y, counted from the lower left corner, add up to the same.
+  constexpr int lines = 9;
+  std::string strokes;
+  for (int i = 1; i < lines; ++i) {
+    const double sum = (box.width + box.height) * i / lines;
+    const Point from{std::max(0.0, sum - box.height), std::min(sum, box.height)};
+    const Point to{std::min(sum, box.width), std::max(0.0, sum - box.width)};
+    const double bottom = box.y + box.height;
+    strokes += fmt::format("M{} {}L{} {}", number(box.x + from.x), number(bottom - from.y),
+                           number(box.x + to.x), number(bottom - to.y));
+  }
+  out_ += fmt::format(R"(<path d="{}"/>)", strokes);
+  close("</g>");
+}
+
+std::string swatch_svg(const mxd::Tmxd_symbol* symbol) {
+  const double reach = dynamic_cast<const mxd::Tmxd_marker_symbol*>(symbol)
+                           ? marker_reach(symbol, 0)
+                       : dynamic_cast<const mxd::Tmxd_line_symbol*>(symbol) ? line_reach(symbol, 0)
+                                                                            : 0;
+  const double scale = reduction(reach);
+  Canvas canvas;
+  draw(canvas, symbol, scale);
+  const double width = swatch_width * scale;
+  const double height = swatch_height * scale;
+  return fmt::format(
+      R"(<svg class="swatch" role="img" width="64" height="32" viewBox="{} {} {} {}">)"
+      "<title>{}</title>{}</svg>",
+      number(-width / 2), number(-height / 2), number(width), number(height),
+      in_markup(title_of(symbol)), canvas.take());
+}
+
+}  // namespace mxdinfo

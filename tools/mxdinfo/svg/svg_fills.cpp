@@ -1,0 +1,125 @@
+// Symbols over an area.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numbers>
+
+#include "mxdinfo/svg/svg.h"
+#include "symbology/fill_symbols.h"
+
+namespace mxdinfo {
+namespace {
+
+using namespace mxd;
+
+void fill_box(Canvas& canvas, const Box& box, const std::string& color) {
+  canvas.add(fmt::format(R"(<rect x="{}" y="{}" width="{}" height="{}" fill="{}"/>)", number(box.x),
+                         number(box.y), number(box.width), number(box.height), color));
+}
+
+// What is drawn by the caller between these two is cut at the box; its coordinates stay.
+bool open_clip(Canvas& canvas, const Box& box) {
+  const std::string x = number(box.x), y = number(box.y);
+  const std::string width = number(box.width), height = number(box.height);
+  return canvas.open(fmt::format(R"(<svg x="{0}" y="{1}" width="{2}" height="{3}" )"
+                                 R"(viewBox="{0} {1} {2} {3}">)",
+                                 x, y, width, height));
+}
+
+void draw_outline(Canvas& canvas, const Tmxd_symbol_slot& outline, const Box& box, int level) {
+  if (outline.get()) draw_line(canvas, outline.get(), way_around(box), level + 1);
+}
+
+// Parallel lines across the box, from its middle to both sides.
+void draw_hatching(Canvas& canvas, const Tmxd_line_fill_symbol& symbol, const Box& box, int level) {
+  constexpr double closest = 1;
+  constexpr int most_lines = 100;
+  const double reach = std::hypot(box.width, box.height) / 2;
+  const double step = std::max(std::abs(bounded(symbol.separation)), closest);
+  const double angle = bounded(symbol.angle) * std::numbers::pi / 180;
+  const Point along{std::cos(angle), -std::sin(angle)};
+  const Point middle{box.x + box.width / 2, box.y + box.height / 2};
+  const double first = std::fmod(bounded(symbol.offset), step);
+  const int half = std::min(static_cast<int>(reach / step) + 1, most_lines / 2);
+  for (int i = -half; i <= half; ++i) {
+    const double aside = first + i * step;
+    const Point at{middle.x - aside * along.y, middle.y + aside * along.x};
+    const Way way{{{at.x - reach * along.x, at.y - reach * along.y},
+                   {at.x + reach * along.x, at.y + reach * along.y}},
+                  false};
+    draw_line(canvas, symbol.pattern.get(), way, level + 1);
+  }
+}
+
+// Spread without order, but alike on every page.
+class Spread {
+ public:
+  double next() {
+    state_ = state_ * 1664525U + 1013904223U;
+    return static_cast<double>(state_ >> 8) / (1 << 24) - 0.5;
+  }
+
+ private:
+  std::uint32_t state_ = 1;
+};
+
+void draw_markers(Canvas& canvas, const Tmxd_marker_fill_symbol& symbol, const Box& box,
+                  int level) {
+  constexpr double closest = 3;
+  const double step_x = std::max(std::abs(bounded(symbol.separation_x)), closest);
+  const double step_y = std::max(std::abs(bounded(symbol.separation_y)), closest);
+  const double first_x = std::fmod(bounded(symbol.offset_x), step_x) + box.width / 2;
+  const double first_y = std::fmod(-bounded(symbol.offset_y), step_y) + box.height / 2;
+  const auto columns = static_cast<int>(std::ceil(box.width / step_x)) + 2;
+  const auto rows = static_cast<int>(std::ceil(box.height / step_y)) + 2;
+  const double left = box.x + first_x - std::ceil(first_x / step_x) * step_x;
+  const double top = box.y + first_y - std::ceil(first_y / step_y) * step_y;
+  Spread spread;
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      Point at{left + column * step_x, top + row * step_y};
+      if (symbol.random) at = {at.x + spread.next() * step_x, at.y + spread.next() * step_y};
+      draw_marker(canvas, symbol.marker_slot.get(), {at, 0}, level + 1);
+    }
+  }
+}
+
+void draw_picture(Canvas& canvas, const Box& box) {
+  canvas.unknown(box, "a picture, which is not read");
+}
+
+}  // namespace
+
+void draw_fill(Canvas& canvas, const Tmxd_symbol* symbol, const Box& box, int level) {
+  if (!canvas.step()) return;
+  if (const auto* simple = dynamic_cast<const Tmxd_simple_fill_symbol*>(symbol)) {
+    fill_box(canvas, box, paint(simple->color_slot));
+    draw_outline(canvas, simple->outline, box, level);
+  } else if (const auto* lines = dynamic_cast<const Tmxd_line_fill_symbol*>(symbol)) {
+    if (open_clip(canvas, box)) {
+      draw_hatching(canvas, *lines, box, level);
+      canvas.close("</svg>");
+    }
+    draw_outline(canvas, lines->outline, box, level);
+  } else if (const auto* markers = dynamic_cast<const Tmxd_marker_fill_symbol*>(symbol)) {
+    if (open_clip(canvas, box)) {
+      draw_markers(canvas, *markers, box, level);
+      canvas.close("</svg>");
+    }
+    draw_outline(canvas, markers->outline_slot, box, level);
+  } else if (const auto* picture = dynamic_cast<const Tmxd_picture_fill_symbol*>(symbol)) {
+    draw_picture(canvas, box);
+    draw_outline(canvas, picture->outline, box, level);
+  } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_fill_symbol*>(symbol)) {
+    for (std::size_t i = layers->fill_symbols.size(); i-- > 0;) {
+      const Tmxd_symbol& layer = layers->fill_symbols[i];
+      if (layer.enabled) draw_fill(canvas, &layer, box, level + 1);
+    }
+  } else {
+    canvas.unknown(box, "not drawn: no fill");
+  }
+}
+
+}  // namespace mxdinfo

@@ -1,0 +1,203 @@
+// Symbols at a point.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/svg/svg.h"
+#include "symbology/marker_symbols.h"
+
+namespace mxdinfo {
+namespace {
+
+using namespace mxd;
+
+Box box_around(double size) {
+  return {-size / 2, -size / 2, size, size};
+}
+
+// Lines drawn by the color, not filled with it.
+std::string strokes(std::string_view d, std::string_view color, double width) {
+  return fmt::format(R"(<path d="{}" fill="none" stroke="{}" stroke-width="{}"/>)", d, color,
+                     number(width));
+}
+
+std::string outline_of(const Tmxd_simple_marker_symbol& symbol) {
+  if (!symbol.outline_flag) return {};
+  return fmt::format(R"( stroke="{}" stroke-width="{}")", paint(symbol.outline_color),
+                     number(std::max(symbol.outline_width, 0.0)));
+}
+
+// A cross and an x are lines; their outline is a wider line below.
+void draw_strokes(Canvas& canvas, const Tmxd_simple_marker_symbol& symbol, std::string_view d) {
+  constexpr double width = 1;
+  if (symbol.outline_flag) {
+    canvas.add(strokes(d, paint(symbol.outline_color),
+                       width + 2 * bounded(std::max(symbol.outline_width, 0.0))));
+  }
+  canvas.add(strokes(d, paint(symbol.color), width));
+}
+
+void draw_simple(Canvas& canvas, const Tmxd_simple_marker_symbol& symbol) {
+  const double half = std::abs(bounded(symbol.size)) / 2;
+  const std::string h = number(half);
+  const std::string whole = number(2 * half);
+  const std::string look = fmt::format(R"(fill="{}"{})", paint(symbol.color), outline_of(symbol));
+  switch (symbol.simple_marker_style) {
+    case 0:
+      canvas.add(fmt::format(R"(<circle r="{}" {}/>)", h, look));
+      break;
+    case 1:
+      canvas.add(
+          fmt::format(R"(<rect x="-{0}" y="-{0}" width="{1}" height="{1}" {2}/>)", h, whole, look));
+      break;
+    case 2:
+      draw_strokes(canvas, symbol, fmt::format("M-{0} 0H{0}M0 -{0}V{0}", h));
+      break;
+    case 3:
+      draw_strokes(canvas, symbol, fmt::format("M-{0} -{0}L{0} {0}M-{0} {0}L{0} -{0}", h));
+      break;
+    case 4:
+      canvas.add(fmt::format(R"(<path d="M0 -{0}L{0} 0L0 {0}L-{0} 0Z" {1}/>)", h, look));
+      break;
+    default:
+      canvas.unknown(box_around(2 * half),
+                     fmt::format("marker of unknown style {}", symbol.simple_marker_style));
+  }
+}
+
+// A name that can do nothing in a style but name a font.
+std::string font_family(const std::string& name) {
+  std::string safe;
+  for (const char c : name) {
+    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                       c == ' ' || c == '-' || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+    if (plain) safe += c;
+  }
+  if (!safe.empty()) safe = "'" + safe + "', ";
+  return in_markup(safe).append("'Segoe UI Symbol', 'Noto Sans Symbols', sans-serif");
+}
+
+// What a page may hold as a character.
+bool is_printable(std::int32_t code) {
+  return code > 0x20 && code < 0x110000 && !(code >= 0x7F && code < 0xA0) &&
+         !(code >= 0xD800 && code < 0xE000) && (code & 0xFFFE) != 0xFFFE &&
+         !(code >= 0x202A && code <= 0x202E) && !(code >= 0xFDD0 && code <= 0xFDEF);
+}
+
+void draw_character(Canvas& canvas, const Tmxd_char_marker_symbol& symbol) {
+  const double size = std::abs(bounded(symbol.size));
+  const std::string font = utf8(symbol.font_name);
+  if (!is_printable(symbol.unicode)) {
+    canvas.unknown(box_around(size), fmt::format("character {} of {}", symbol.unicode, font));
+    return;
+  }
+  const auto style = fmt::format("{}{}", symbol.font.italic() ? R"( font-style="italic")" : "",
+                                 symbol.font.weight >= 600 ? R"( font-weight="bold")" : "");
+  canvas.add(fmt::format(R"(<text text-anchor="middle" dominant-baseline="central" )"
+                         R"(font-family="{}" font-size="{}" fill="{}"{}>&#{};</text>)",
+                         font_family(font), number(size), paint(symbol.color_slot), style,
+                         symbol.unicode));
+}
+
+void draw_arrow(Canvas& canvas, const Tmxd_arrow_marker_symbol& symbol) {
+  const double length = std::abs(bounded(symbol.size));
+  const double width = std::abs(bounded(symbol.width));
+  canvas.add(fmt::format(R"(<path d="M{0} 0L-{0} {1}V-{1}Z" fill="{2}"/>)", number(length / 2),
+                         number(width / 2), paint(symbol.color_slot)));
+}
+
+// Where a layer stands: moved first, then turned.
+struct Placement {
+  double x = 0;
+  double y = 0;
+  double angle = 0;
+};
+
+Placement placement_of(const Tmxd_symbol& symbol) {
+  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
+    return {simple->x_offset, simple->y_offset, simple->angle};
+  }
+  if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
+    return {glyph->x_offset, glyph->y_offset, glyph->angle};
+  }
+  if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
+    return {arrow->x_offset, arrow->y_offset, arrow->angle};
+  }
+  return {};
+}
+
+std::string transform_of(const Placement& placement) {
+  std::string transform;
+  if (placement.x != 0 || placement.y != 0) {
+    transform = fmt::format("translate({} {})", number(placement.x), number(-placement.y));
+  }
+  if (placement.angle != 0) transform += fmt::format("rotate({})", number(-placement.angle));
+  return transform;
+}
+
+void draw_shape(Canvas& canvas, const Tmxd_symbol& symbol) {
+  constexpr double picture_size = 16;
+  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
+    draw_simple(canvas, *simple);
+  } else if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
+    draw_character(canvas, *glyph);
+  } else if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
+    draw_arrow(canvas, *arrow);
+  } else {
+    canvas.unknown(box_around(picture_size), "a picture, which is not read");
+  }
+}
+
+double size_of(const Tmxd_symbol& symbol) {
+  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
+    return std::abs(simple->size) + (simple->outline_flag ? 2 * simple->outline_width : 0);
+  }
+  if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) return glyph->size;
+  if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
+    return std::max(std::abs(arrow->size), std::abs(arrow->width));
+  }
+  return 0;
+}
+
+}  // namespace
+
+void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Mark& mark, int level) {
+  if (!canvas.step()) return;
+  const std::string moved = transform_of({mark.at.x, -mark.at.y, mark.angle});
+  if (!canvas.open(moved.empty() ? "<g>" : fmt::format(R"(<g transform="{}">)", moved))) return;
+  if (!symbol || !dynamic_cast<const Tmxd_marker_symbol*>(symbol) || level > Canvas::deepest) {
+    canvas.unknown(box_around(8), symbol ? "not drawn: no marker" : "no marker was read");
+  } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
+    for (std::size_t i = layers->marker_symbols.size(); i-- > 0;) {
+      const Tmxd_symbol& layer = layers->marker_symbols[i];
+      if (layer.enabled) draw_marker(canvas, &layer, {}, level + 1);
+    }
+  } else {
+    const std::string placed = transform_of(placement_of(*symbol));
+    if (placed.empty()) {
+      draw_shape(canvas, *symbol);
+    } else if (canvas.open(fmt::format(R"(<g transform="{}">)", placed))) {
+      draw_shape(canvas, *symbol);
+      canvas.close("</g>");
+    }
+  }
+  canvas.close("</g>");
+}
+
+double marker_reach(const Tmxd_symbol* symbol, int level) {
+  if (!symbol || level > Canvas::deepest) return 0;
+  if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
+    double reach = 0;
+    for (const auto& layer : layers->marker_symbols) {
+      if (layer->enabled) reach = std::max(reach, marker_reach(layer.get(), level + 1));
+    }
+    return reach;
+  }
+  const Placement placement = placement_of(*symbol);
+  return bounded(size_of(*symbol)) / 2 +
+         std::max(std::abs(bounded(placement.x)), std::abs(bounded(placement.y)));
+}
+
+}  // namespace mxdinfo
