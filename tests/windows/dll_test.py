@@ -19,9 +19,8 @@ def utf_16(text):
     return text.encode("utf-16-le")
 
 
-listed, declared = (
-    re.findall(r"\b(vq_mxd_\w+)\(", content(path).decode("ascii")) for path in (export_list, header)
-)
+listed = re.findall(r"\b(vq_mxd_\w+)\(", content(export_list).decode("ascii"))
+declared = re.findall(r"^VQ_MXD_API [^;()]*\b(vq_mxd_\w+)\(", content(header).decode("ascii"), re.MULTILINE)
 dump = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
 names_table = dump.partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
 exported = re.findall(r"\[ *\d+\] (\S+)", names_table)
