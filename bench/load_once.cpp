@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cstdio>
 
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 #include "vqk_file_mxd.h"
 
 int main(int argc, char** argv) {

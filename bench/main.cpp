@@ -2,7 +2,7 @@
 #include <filesystem>
 
 #include "benchmarks.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 
 int main(int argc, char** argv) {
   using mxd::bench::Document;

@@ -9,7 +9,7 @@
 #include "class_ids.h"
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 #include "support/compound_builder.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include <pugixml.hpp>
 
 #include "benchmarks.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 #include "vqk_file_mxd.h"
 
 namespace mxd::bench {

@@ -7,7 +7,7 @@
 
 #include "class_ids.h"
 #include "seeds.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include <random>
 
 #include "measured_load.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 #include "support/temp_file.h"
 
 namespace {

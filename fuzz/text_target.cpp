@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/number_text.h"
-#include "storage/native_path.h"
 #include "storage/native_text.h"
+#include "storage/unicode.h"
 #include "support/object_builder.h"
 #include "target.h"
 

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "storage/native_file.h"
-#include "storage/native_path_posix.h"
+#include "storage/unicode.h"
 
 namespace mxd {
 namespace {

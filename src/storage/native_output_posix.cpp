@@ -1,5 +1,5 @@
 #include "storage/native_output.h"
-#include "storage/native_path_posix.h"
+#include "storage/unicode.h"
 
 namespace mxd {
 

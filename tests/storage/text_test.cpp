@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "storage/native_path.h"
 #include "storage/native_text.h"
 
 namespace mxd {
@@ -65,12 +64,6 @@ TEST(Text, bytes_to_hex_separates_pairs) {
 TEST(Text, until_nul_cuts_eight_bit_text) {
   EXPECT_EQ(truncate_at_nul(std::string_view("ab\0cd", 5)), "ab");
   EXPECT_EQ(truncate_at_nul("ab"), "ab");
-}
-
-TEST(Path, utf_8_becomes_utf_16) {
-  EXPECT_EQ(path_from_bytes("a \xD0\x9A\xE5\x9C\xB0\xF0\x9F\x97\xBA"),
-            wide(u"a \u041A\u5730\U0001F5FA"));
-  EXPECT_EQ(path_from_bytes(""), Wide_string());
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 #include "support/special_files.h"
 
 namespace mxd::test {

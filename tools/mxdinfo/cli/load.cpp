@@ -7,7 +7,7 @@
 #include "mxdinfo/facts/utf8.h"
 #include "storage/file_stream.h"
 #include "storage/memory_stream.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 
 namespace mxdinfo {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "core/xml.h"
-#include "storage/native_path.h"
+#include "storage/unicode.h"
 
 namespace mxdinfo {
 namespace {
