@@ -10,15 +10,15 @@
 namespace mxd::fuzz {
 
 std::uint64_t walk_tree(const vq_mxd_mxd* document) {
-  std::uint64_t sum = 0;
-  const auto add = [](void* context, const walk_answer* answer) {
-    std::uint64_t& figure = *static_cast<std::uint64_t*>(context);
-    figure = figure * 31 + std::bit_cast<std::uint64_t>(answer->number);
-    if (answer->text) figure += std::hash<std::string_view>()(answer->text);
-    if (answer->units) figure += std::hash<Wide_view>()(answer->units);
+  std::uint64_t hash = 0;
+  const auto add = [](void* context, const walk_result* result) {
+    std::uint64_t& so_far = *static_cast<std::uint64_t*>(context);
+    so_far = so_far * 31 + std::bit_cast<std::uint64_t>(result->number);
+    if (result->text) so_far += std::hash<std::string_view>()(result->text);
+    if (result->units) so_far += std::hash<Wide_view>()(result->units);
   };
-  walk_document(document, add, &sum);
-  return sum;
+  walk_document(document, add, &hash);
+  return hash;
 }
 
 }  // namespace mxd::fuzz

@@ -1,4 +1,4 @@
-// Looks at everything that a host can see of a document.
+// Calls every getter for everything in a document, as a host could.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace mxd::fuzz {
 
-// A figure that depends on the answers of all getters.
+// A hash of all results.
 std::uint64_t walk_tree(const vq_mxd_mxd* document);
 
 }  // namespace mxd::fuzz

@@ -1,5 +1,6 @@
-/* c_api_walk DOCUMENT XML WALK EXPECTED: a host in C, with nothing but the public header and the
-   shared library. Writes what every getter answers for the document and compares it. */
+/* c_api_walk DOCUMENT XML WALK EXPECTED: a host in C that uses only the public header and the
+   shared library. Writes the result of every getter for the document to WALK and compares it with
+   EXPECTED. */
 #include <stdio.h>
 #include <string.h>
 
@@ -7,12 +8,12 @@
 
 static int failures = 0;
 
-#define CHECK(condition)                                             \
-  do {                                                               \
-    if (!(condition)) {                                              \
-      ++failures;                                                    \
-      printf("%s:%d: not so: %s\n", __FILE__, __LINE__, #condition); \
-    }                                                                \
+#define CHECK(condition)                                                   \
+  do {                                                                     \
+    if (!(condition)) {                                                    \
+      ++failures;                                                          \
+      printf("%s:%d: check failed: %s\n", __FILE__, __LINE__, #condition); \
+    }                                                                      \
   } while (0)
 
 static void from_ascii(const char* ascii, vq_mxd_char* wide, size_t capacity) {
@@ -21,17 +22,17 @@ static void from_ascii(const char* ascii, vq_mxd_char* wide, size_t capacity) {
   wide[i] = 0;
 }
 
-static void write_answer(void* context, const walk_answer* answer) {
+static void write_result(void* context, const walk_result* result) {
   FILE* file = context;
   const vq_mxd_char* unit;
-  fprintf(file, "%*s%s = ", 2 * answer->depth, "", answer->getter);
-  if (answer->text != NULL) {
-    fputs(answer->text, file);
-  } else if (answer->units != NULL) {
-    for (unit = answer->units; *unit != 0; ++unit)
+  fprintf(file, "%*s%s = ", 2 * result->depth, "", result->getter);
+  if (result->text != NULL) {
+    fputs(result->text, file);
+  } else if (result->units != NULL) {
+    for (unit = result->units; *unit != 0; ++unit)
       fprintf(file, *unit < 128 ? "%c" : "\\u%04X", *unit);
   } else {
-    fprintf(file, "%.10g", answer->number);
+    fprintf(file, "%.10g", result->number);
   }
   fputc('\n', file);
 }
@@ -39,11 +40,11 @@ static void write_answer(void* context, const walk_answer* answer) {
 static int write_walk(const vq_mxd_mxd* document, const char* path) {
   FILE* file = fopen(path, "w");
   if (file == NULL) return 0;
-  walk_document(document, write_answer, file);
+  walk_document(document, write_result, file);
   return fclose(file) == 0;
 }
 
-/* Whether the files have the same lines, up to which one of them ends. */
+/* Whether the files have the same lines. The first difference is printed. */
 static int same_lines(const char* path, const char* expected_path) {
   FILE* file = fopen(path, "r");
   FILE* expected_file = fopen(expected_path, "r");

@@ -1,4 +1,5 @@
-/* Asks every getter that a host has for all that a document holds. */
+/* Visits the result of every getter for everything in a document. make_walk.py writes the
+ * functions. */
 #ifndef VQK_TESTS_WALK_H
 #define VQK_TESTS_WALK_H
 
@@ -8,18 +9,18 @@
 extern "C" {
 #endif
 
-/* An answer is a text, UTF-16 units or a number; of an object, whether there is one. */
-typedef struct walk_answer {
+/* A result is a text, UTF-16 units or a number. A handle is the number 1, or 0 if it is null. */
+typedef struct walk_result {
   int depth;
   const char* getter;
   double number;
   const char* text;
   const vq_mxd_char* units;
-} walk_answer;
+} walk_result;
 
-typedef void (*walk_listener)(void* context, const walk_answer* answer);
+typedef void (*walk_visitor)(void* context, const walk_result* result);
 
-void walk_document(const vq_mxd_mxd* document, walk_listener tell, void* context);
+void walk_document(const vq_mxd_mxd* document, walk_visitor visitor, void* context);
 
 #ifdef __cplusplus
 }

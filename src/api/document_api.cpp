@@ -30,7 +30,7 @@ void vq_mxd_mxd_destroy(vq_mxd_mxd* document_handle) {
 }
 
 int vq_mxd_mxd_load(vq_mxd_mxd* document_handle, const vq_mxd_char* path) {
-  // Nothing is thrown to a host: what runs out of memory fails.
+  // No exception may reach the host. Running out of memory is a failed load.
   try {
     File_error_sink errors(stdout);
     return document(document_handle).load(path, errors) ? 1 : 0;
@@ -49,7 +49,7 @@ int vq_mxd_mxd_save_xml(const vq_mxd_mxd* document_handle, const vq_mxd_char* pa
 }
 
 const vq_mxd_maps* vq_mxd_mxd_get_maps(const vq_mxd_mxd* document_handle) {
-  return api::list_handle<vq_mxd_maps>(document(document_handle).maps);
+  return api::to_handle<vq_mxd_maps>(document(document_handle).maps);
 }
 
 int64_t vq_mxd_maps_get_size(const vq_mxd_maps* maps) {
@@ -57,21 +57,21 @@ int64_t vq_mxd_maps_get_size(const vq_mxd_maps* maps) {
 }
 
 const vq_mxd_map* vq_mxd_maps_get(const vq_mxd_maps* maps, int32_t index) {
-  const auto& list = api::member<Tmxd_maps>(maps);
-  return api::handle_of<vq_mxd_map>(list[static_cast<std::size_t>(index)]);
+  const auto& list = api::from_handle<Tmxd_maps>(maps);
+  return api::to_handle<vq_mxd_map>(list[static_cast<std::size_t>(index)]);
 }
 
 const vq_mxd_char* vq_mxd_map_get_name(const vq_mxd_map* map) {
-  return api::object<Tmxd_map>(map).name.c_str();
+  return api::from_handle<Tmxd_map>(map).name.c_str();
 }
 
 const vq_mxd_layers* vq_mxd_map_get_layers(const vq_mxd_map* map) {
-  return api::list_handle<vq_mxd_layers>(api::object<Tmxd_map>(map).layers);
+  return api::to_handle<vq_mxd_layers>(api::from_handle<Tmxd_map>(map).layers);
 }
 
 const vq_mxd_coordinate_system* vq_mxd_map_get_coordinate_system(const vq_mxd_map* map) {
-  return api::object_handle<vq_mxd_coordinate_system>(
-      api::object<Tmxd_map>(map).coordinate_system.get());
+  return api::to_handle<vq_mxd_coordinate_system>(
+      api::from_handle<Tmxd_map>(map).coordinate_system.get());
 }
 
 }  // extern "C"

@@ -1,6 +1,9 @@
-// Handles are addresses: an object's handle is that of its Tmxd_obj, any other's its own.
+// Handles are addresses. The handle of an object is the address of its Tmxd_obj base, the handle of
+// a list is the address of its Object_list<T> base, and the handle of a record is the record's
+// address.
 #pragma once
 
+#include <concepts>
 #include <type_traits>
 
 #include "core/object_list.h"
@@ -9,55 +12,55 @@
 
 namespace mxd::api {
 
-// What an object handle stands for; the caller vouches for the class.
-template <class T, class Handle>
-const T& object(const Handle* handle) {
-  return static_cast<const T&>(*reinterpret_cast<const Tmxd_obj*>(handle));
-}
-
-// The handle of an object, null for none.
+// Null if there is no object.
 template <class Handle>
-const Handle* object_handle(const Tmxd_obj* object) {
+const Handle* to_handle(const Tmxd_obj* object) {
   return reinterpret_cast<const Handle*>(object);
 }
 
-// Lists and records that are members of an object.
-template <class T, class Handle>
-const T& member(const Handle* handle) {
-  return *reinterpret_cast<const T*>(handle);
+// The base class that the handle of a list points to, whatever the list's own class.
+template <class T>
+const Object_list<T>& list_base(const Object_list<T>& list) {
+  return list;
 }
 
-// The handle of a member, be it an object or not.
+// The handle of an embedded object, list or record.
 template <class Handle, class T>
-const Handle* handle_of(const T& part) {
-  if constexpr (std::is_base_of_v<Tmxd_obj, T>) {
-    return object_handle<Handle>(&part);
+requires(!std::is_pointer_v<T>) const Handle* to_handle(const T& member) {
+  if constexpr (std::derived_from<T, Tmxd_obj>) {
+    return to_handle<Handle>(static_cast<const Tmxd_obj*>(&member));
+  } else if constexpr (requires { list_base(member); }) {
+    return reinterpret_cast<const Handle*>(&list_base(member));
   } else {
-    return reinterpret_cast<const Handle*>(&part);
+    return reinterpret_cast<const Handle*>(&member);
   }
 }
 
-// Lists are handed out as what all lists of such items are.
-template <class Handle, class T>
-const Handle* list_handle(const Object_list<T>& list) {
-  return handle_of<Handle>(list);
+// The object, list or record of a handle. The class is not checked: the caller must know it.
+template <class T, class Handle>
+const T& from_handle(const Handle* handle) {
+  if constexpr (std::derived_from<T, Tmxd_obj>) {
+    return static_cast<const T&>(*reinterpret_cast<const Tmxd_obj*>(handle));
+  } else {
+    return *reinterpret_cast<const T*>(handle);
+  }
 }
 
 template <class T, class Handle>
 std::int64_t list_size(const Handle* handle) {
-  return static_cast<std::int64_t>(member<Object_list<T>>(handle).size());
+  return static_cast<std::int64_t>(from_handle<Object_list<T>>(handle).size());
 }
 
-// Null for an index outside.
+// Null if the index is out of range.
 template <class Item, class T>
 const Item* item_at(const Object_list<T>& list, std::int32_t index) {
   if (index < 0 || static_cast<std::size_t>(index) >= list.size()) return nullptr;
-  return handle_of<Item>(list[static_cast<std::size_t>(index)]);
+  return to_handle<Item>(list[static_cast<std::size_t>(index)]);
 }
 
 template <class T, class Item, class Handle>
 const Item* list_item(const Handle* handle, std::int32_t index) {
-  return item_at<Item>(member<Object_list<T>>(handle), index);
+  return item_at<Item>(from_handle<Object_list<T>>(handle), index);
 }
 
 }  // namespace mxd::api

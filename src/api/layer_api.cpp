@@ -6,16 +6,16 @@ using namespace mxd;
 namespace {
 
 const Tmxd_layer& layer_of(const vq_mxd_layer* handle) {
-  return api::object<Tmxd_layer>(handle);
+  return api::from_handle<Tmxd_layer>(handle);
 }
 
 const Tmxd_feature_layer& feature_layer_of(const vq_mxd_feature_layer* handle) {
-  return api::object<Tmxd_feature_layer>(handle);
+  return api::from_handle<Tmxd_feature_layer>(handle);
 }
 
 const Tmxd_basic_feature_class_name& feature_class_name_of(
     const vq_mxd_basic_feature_class_name* handle) {
-  return api::object<Tmxd_basic_feature_class_name>(handle);
+  return api::from_handle<Tmxd_basic_feature_class_name>(handle);
 }
 
 }  // namespace
@@ -51,28 +51,27 @@ double vq_mxd_layer_get_max_scale(const vq_mxd_layer* layer) {
 }
 
 uint32_t vq_mxd_group_layer_get_layer_count(const vq_mxd_group_layer* layer) {
-  return static_cast<uint32_t>(api::object<Tmxd_group_layer>(layer).layer_count);
+  return static_cast<uint32_t>(api::from_handle<Tmxd_group_layer>(layer).layer_count);
 }
 
 const vq_mxd_basic_feature_class_name* vq_mxd_feature_layer_get_basic_feature_class_name(
     const vq_mxd_feature_layer* layer) {
-  return api::object_handle<vq_mxd_basic_feature_class_name>(
+  return api::to_handle<vq_mxd_basic_feature_class_name>(
       feature_layer_of(layer).feature_class_name.get());
 }
 
 const vq_mxd_workspace_name* vq_mxd_feature_layer_get_workspace_name(
     const vq_mxd_feature_layer* layer) {
-  return api::handle_of<vq_mxd_workspace_name>(feature_layer_of(layer).workspace_name);
+  return api::to_handle<vq_mxd_workspace_name>(feature_layer_of(layer).workspace_name);
 }
 
 const vq_mxd_renderer* vq_mxd_feature_layer_get_renderer(const vq_mxd_feature_layer* layer) {
-  return api::object_handle<vq_mxd_renderer>(feature_layer_of(layer).renderer.get());
+  return api::to_handle<vq_mxd_renderer>(feature_layer_of(layer).renderer.get());
 }
 
 const vq_mxd_coordinate_system* vq_mxd_feature_layer_get_coordinate_system(
     const vq_mxd_feature_layer* layer) {
-  return api::object_handle<vq_mxd_coordinate_system>(
-      feature_layer_of(layer).coordinate_system.get());
+  return api::to_handle<vq_mxd_coordinate_system>(feature_layer_of(layer).coordinate_system.get());
 }
 
 const vq_mxd_char* vq_mxd_basic_feature_class_name_get_name(
@@ -96,11 +95,11 @@ uint32_t vq_mxd_basic_feature_class_name_get_geom_type(
 }
 
 const vq_mxd_char* vq_mxd_workspace_name_get_name(const vq_mxd_workspace_name* name) {
-  return api::object<Tmxd_workspace_name>(name).name.c_str();
+  return api::from_handle<Tmxd_workspace_name>(name).name.c_str();
 }
 
 const char* vq_mxd_coordinate_system_get_wkt(const vq_mxd_coordinate_system* system) {
-  return api::object<Tmxd_coordinate_system>(system).get_wkt();
+  return api::from_handle<Tmxd_coordinate_system>(system).get_wkt();
 }
 
 }  // extern "C"

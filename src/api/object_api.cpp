@@ -6,10 +6,10 @@ using namespace mxd;
 
 namespace {
 
-// The same object under its own class's handle, or null when it is of another class.
+// The handle as one of the concrete class, or null if the object is of another class.
 template <class Handle, class Base>
 const Handle* cast(const Base* handle, std::string_view type_name) {
-  if (!handle || api::object<Tmxd_obj>(handle).type_name() != type_name) return nullptr;
+  if (!handle || api::from_handle<Tmxd_obj>(handle).type_name() != type_name) return nullptr;
   return reinterpret_cast<const Handle*>(handle);
 }
 
@@ -18,19 +18,19 @@ const Handle* cast(const Base* handle, std::string_view type_name) {
 extern "C" {
 
 int vq_mxd_obj_get_exists(const vq_mxd_obj* object) {
-  return api::object<Tmxd_obj>(object).exists;
+  return api::from_handle<Tmxd_obj>(object).exists;
 }
 
 int vq_mxd_obj_get_repeat(const vq_mxd_obj* object) {
-  return api::object<Tmxd_obj>(object).repeat;
+  return api::from_handle<Tmxd_obj>(object).repeat;
 }
 
 unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object) {
-  return api::object<Tmxd_obj>(object).number;
+  return api::from_handle<Tmxd_obj>(object).number;
 }
 
 const char* vq_mxd_obj_get_type_str(const vq_mxd_obj* object) {
-  return api::object<Tmxd_obj>(object).type_str();
+  return api::from_handle<Tmxd_obj>(object).type_str();
 }
 
 const vq_mxd_char_marker_symbol* vq_mxd_symbol_cast_char_marker(const vq_mxd_symbol* symbol) {
