@@ -3,7 +3,7 @@
 
 #include "vqk_file_mxd.h"
 
-/* UTF-16 to UTF-8, as a terminal wants it; halves of surrogate pairs become "?". */
+/* Prints UTF-16 as UTF-8. Surrogates are printed as "?". */
 static void print_text(const vq_mxd_char* text) {
   for (; *text != 0; ++text) {
     unsigned int c = *text;
@@ -19,16 +19,16 @@ static void print_text(const vq_mxd_char* text) {
   }
 }
 
-/* The first character of UTF-8, and of how many bytes it is. A byte that starts none becomes
-   0xDC00 + byte, which the library turns into that byte again. */
+/* Decodes the first character and returns its length in bytes. A byte that is not valid UTF-8
+   becomes 0xDC00 + byte, which the library converts back to that byte. */
 static size_t first_character(const char* utf8, unsigned int* character) {
-  static const unsigned int least[] = {0, 0x80, 0x800, 0x10000};
+  static const unsigned int min_code[] = {0, 0x80, 0x800, 0x10000};
   const unsigned int first = (unsigned char)*utf8;
   const size_t more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
   unsigned int c = first & (0x7Fu >> more);
   size_t i;
   for (i = 1; i <= more && (utf8[i] & 0xC0) == 0x80; ++i) c = c << 6 | (unsigned)(utf8[i] & 0x3F);
-  if (i <= more || (more == 0 && first >= 0x80) || c < least[more] || c > 0x10FFFF ||
+  if (i <= more || (more == 0 && first >= 0x80) || c < min_code[more] || c > 0x10FFFF ||
       (c >= 0xD800 && c < 0xE000)) {
     *character = 0xDC00 + first;
     return 1;
@@ -37,8 +37,8 @@ static size_t first_character(const char* utf8, unsigned int* character) {
   return more + 1;
 }
 
-/* UTF-8 to UTF-16, for the path. */
-static void from_ascii(const char* utf8, vq_mxd_char* wide, size_t capacity) {
+/* Converts UTF-8 to UTF-16. A path longer than the capacity is cut off. */
+static void from_utf8(const char* utf8, vq_mxd_char* wide, size_t capacity) {
   size_t length = 0;
   while (*utf8 != '\0' && length + 2 < capacity) {
     unsigned int c;
@@ -111,7 +111,7 @@ int main(int argc, char** argv) {
     fprintf(stderr, "usage: legend FILE\n");
     return 2;
   }
-  from_ascii(argv[1], path, sizeof path / sizeof *path);
+  from_utf8(argv[1], path, sizeof path / sizeof *path);
   document = vq_mxd_mxd_create();
   if (document == NULL || !vq_mxd_mxd_load(document, path)) {
     fprintf(stderr, "%s: not readable as a map document\n", argv[1]);

@@ -1,11 +1,11 @@
-// Prints the legend of a map document, through the library alone: legend.exe FILE
+// Prints the legend of a map document: legend.exe FILE
 using System;
 using System.Collections.Generic;
 using System.Runtime.InteropServices;
 
 static class Library
 {
-    // vqk_file_mxd.dll, or libvqk_file_mxd.so for Mono.
+    // vqk_file_mxd.dll on Windows, libvqk_file_mxd.so with Mono.
     const string Name = "vqk_file_mxd";
     const CallingConvention C = CallingConvention.Cdecl;
 
@@ -81,7 +81,7 @@ static class Legend
         for (int i = 0; i < size(list); ++i) yield return get(list, i);
     }
 
-    static string Described(IntPtr symbol)
+    static string Describe(IntPtr symbol)
     {
         if (symbol == IntPtr.Zero) return "no symbol";
         string type = Marshal.PtrToStringAnsi(Library.vq_mxd_obj_get_type_str(symbol));
@@ -119,7 +119,7 @@ static class Legend
                                               Library.vq_mxd_legend_group_get))
                 {
                     string label = Text(Library.vq_mxd_legend_class_get_label(item));
-                    Console.WriteLine("      {0}: {1}", label, Described(Library.vq_mxd_legend_class_get_symbol(item)));
+                    Console.WriteLine("      {0}: {1}", label, Describe(Library.vq_mxd_legend_class_get_symbol(item)));
                 }
             }
         }

@@ -1,13 +1,13 @@
-"""Prints the legend of a map document, through the library alone: legend.py LIBRARY FILE"""
+"""Prints the legend of a map document: legend.py LIBRARY FILE"""
 
 import ctypes
 import sys
 
 
 class Library:
-    """The functions by their names without the prefix; handles and texts are plain addresses."""
+    """The exported functions, without their prefix. Handles and texts are plain addresses."""
 
-    # Those of the functions called here that give numbers. Some sizes are int32_t or double.
+    # The functions used here that return numbers. Other sizes may be int32_t or double.
     NUMBERS = {
         "mxd_load": ctypes.c_int,
         "obj_get_repeat": ctypes.c_int,
@@ -31,14 +31,14 @@ class Library:
 
     @staticmethod
     def text(address):
-        """The UTF-16 text at the address, which ends at a unit of 0."""
+        """The NUL-terminated UTF-16 text at the address."""
         units = b""
         while (unit := ctypes.string_at(address + len(units), 2)) != b"\0\0":
             units += unit
         return units.decode("utf-16-le", "replace")
 
     def items(self, kind, handle):
-        """What a list or legend group holds."""
+        """The items of a list or legend group."""
         size = getattr(self, kind + "_get_size")(handle)
         return [getattr(self, kind + "_get")(handle, ctypes.c_int32(i)) for i in range(size)]
 
@@ -56,7 +56,7 @@ def legend_groups(lib, renderer):
     return []
 
 
-def described(lib, symbol):
+def describe(lib, symbol):
     if not symbol:
         return "no symbol"
     words = [ctypes.string_at(lib.obj_get_type_str(symbol)).decode("ascii")]
@@ -77,14 +77,14 @@ def print_map(lib, handle):
         for group in legend_groups(lib, renderer):
             for item in lib.items("legend_group", group):
                 label = lib.text(lib.legend_class_get_label(item))
-                print(f"      {label}: {described(lib, lib.legend_class_get_symbol(item))}")
+                print(f"      {label}: {describe(lib, lib.legend_class_get_symbol(item))}")
 
 
 def main():
     if len(sys.argv) != 3:
         sys.exit("usage: legend.py LIBRARY FILE")
     library, path = sys.argv[1:]
-    # A name that is no UTF-8 has surrogates for its bytes, as the library wants them.
+    # Bytes of a path that are not UTF-8 become surrogates, as the library expects them.
     sys.stdout.reconfigure(errors="surrogateescape")
     lib = Library(library)
     document = lib.create()

@@ -1,5 +1,5 @@
-// vqk_file_mxd.h for C++: a document that destroys itself, lists for range-based for, texts as
-// UTF-8. To be copied into a project and changed there; it is no part of the library.
+// vqk_file_mxd.h for C++: a document that frees itself, lists for range-based for, texts as UTF-8.
+// Not part of the library: copy it into your project and change it as you like.
 #pragma once
 
 #include <filesystem>
@@ -11,7 +11,7 @@
 
 namespace vqk {
 
-// What a list handle holds.
+// The items of a list handle.
 template <class List, class Size, class Item>
 struct Items {
   Items(const List* from, Size (*size)(const List*), const Item* (*get_item)(const List*, int32_t))
@@ -32,8 +32,8 @@ struct Items {
   const Item* (*get)(const List*, int32_t);
 };
 
-// A document, loaded; everything below it lives as long as this does, or as the one that it was
-// moved to: nothing may be asked of this then.
+// A loaded document. All handles below it are valid as long as it exists. A document that was moved
+// from must not be used.
 class Document : std::unique_ptr<vq_mxd_mxd, void (*)(vq_mxd_mxd*)> {
  public:
   using unique_ptr::get;
@@ -46,11 +46,11 @@ class Document : std::unique_ptr<vq_mxd_mxd, void (*)(vq_mxd_mxd*)> {
   auto maps() const& {
     return Items(vq_mxd_mxd_get_maps(get()), vq_mxd_maps_get_size, vq_mxd_maps_get);
   }
-  // The maps of a document that is gone at the end of the line.
+  // The maps of a temporary document would not outlive the expression.
   auto maps() const&& = delete;
 };
 
-// Halves of surrogate pairs become "?".
+// Surrogates become "?".
 inline std::string utf8(const vq_mxd_char* text) {
   std::string result;
   for (; *text != 0; ++text) {
