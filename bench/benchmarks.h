@@ -1,4 +1,4 @@
-// What is measured, each thing beside something to compare it with. Names are "what/document".
+// Benchmarks and their baselines. Names are "measurement/document".
 #pragma once
 
 #include <benchmark/benchmark.h>

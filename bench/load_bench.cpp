@@ -1,4 +1,4 @@
-// A whole load, beside the mere extraction of the stream by libgsf.
+// A whole load. Baseline: extracting the stream with libgsf.
 #include <gsf/gsf.h>
 
 #include <cstdlib>

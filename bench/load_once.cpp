@@ -1,5 +1,5 @@
-// load_once DOCUMENT: loads it between two marks on standard error, the second with the nanoseconds
-// that this took.
+// load_once DOCUMENT: loads the document between two lines on standard error; the second has the
+// time in nanoseconds.
 #include <chrono>
 #include <cstdio>
 
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
   if (argc != 2) return 2;
   const mxd::Wide_string path = mxd::path_from_bytes(argv[1]);
   vq_mxd_mxd* document = vq_mxd_mxd_create();
-  // Whatever the stream of the error lines does at first, it has done then.
+  // The first write to standard output allocates its buffer; that is not part of the load.
   std::puts("");
   std::fflush(stdout);
   std::fputs("load\n", stderr);

@@ -1,6 +1,7 @@
-// make_large_document DOCUMENT MEGABYTES OUTPUT: repeats the maps of a document until its stream is
-// that long. Objects are numbered anew, so that no repetition refers to the one before; where there
-// are not enough numbers for that, noise follows each repetition, as much in small documents.
+// make_large_document DOCUMENT MEGABYTES OUTPUT: repeats the maps of a document until its stream
+// has that size. Objects get new numbers, so that no repetition refers to an earlier one. Random
+// bytes fill the space after each repetition if there are too few numbers; all sizes get the same
+// share of them.
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -16,7 +17,7 @@ namespace {
 
 using namespace mxd;
 
-// Property pages and fonts have no number behind their class id.
+// Property pages and fonts have no number after their class id.
 bool has_number(const Guid& id) {
   constexpr Class_id font("0be35203-8f91-11ce-9de3-00aa004bb851");
   const auto pages = property_page_ids();
@@ -36,15 +37,15 @@ std::vector<std::size_t> number_places(std::span<const std::uint8_t> stream) {
 
 Byte_run enlarged(std::span<const std::uint8_t> stream, std::size_t size) {
   constexpr std::ptrdiff_t count_size = 4;
-  constexpr std::size_t largest = std::size_t{64} << 20;
+  constexpr std::size_t max_size = std::size_t{64} << 20;
   const auto places = number_places(stream);
   std::map<unsigned, unsigned> numbers;
   for (const std::size_t place : places) {
     const unsigned number = stream[place] + 256U * stream[place + 1];
     numbers.try_emplace(number, static_cast<unsigned>(numbers.size()));
   }
-  const std::size_t most_repetitions = 65536 / std::max<std::size_t>(numbers.size(), 1);
-  const Byte_run noise = test::noise(std::max(largest / most_repetitions + 1, stream.size()));
+  const std::size_t max_repetitions = 65536 / std::max<std::size_t>(numbers.size(), 1);
+  const Byte_run noise = test::noise(std::max(max_size / max_repetitions + 1, stream.size()));
   Byte_run result(stream.begin(), stream.begin() + count_size);
   for (std::size_t first = 0; result.size() < size; first += numbers.size()) {
     const std::size_t start = result.size() - count_size;

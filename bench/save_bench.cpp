@@ -1,5 +1,5 @@
-// The XML of a document, beside writing the same bytes, and beside the same tree in pugixml. All
-// write to the same file.
+// Saving a document as XML. Baselines: writing the same bytes, and building and writing the same
+// tree with pugixml. All write to the same file.
 #include <unistd.h>
 
 #include <cstdio>
@@ -16,7 +16,7 @@
 namespace mxd::bench {
 namespace {
 
-// In memory where there is such a place: disks differ more than what is compared.
+// In memory if possible, because disks vary more than the programs.
 const std::string& output_path() {
   static const std::string path = [] {
     const std::filesystem::path memory = "/dev/shm";

@@ -1,4 +1,4 @@
-// The pass that finds all class ids, beside passes that do less, and the search that it replaces.
+// The pass that finds all class ids. Baselines: passes that do less, and a naive search.
 #include <algorithm>
 #include <cstring>
 #include <random>
@@ -11,7 +11,7 @@ namespace mxd::bench {
 namespace {
 
 constexpr std::size_t large = std::size_t{64} << 20;
-// The naive search takes its time; its bytes a second do not depend on the size.
+// The naive search is slow; its bytes per second do not depend on the size.
 constexpr std::size_t small = std::size_t{1} << 18;
 
 Byte_run random_bytes() {
@@ -24,7 +24,7 @@ Byte_run random_bytes() {
   return bytes;
 }
 
-// A document's stream, again and again.
+// The stream of a document, repeated.
 Byte_run repeated(const Document& document) {
   Tmxd_stream_m maps;
   read_named_stream(document.wide_path, from_ascii("Maps"), maps);
@@ -51,7 +51,7 @@ void sum(benchmark::State& state, const Byte_run& bytes) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
-// Looks for a byte that is nowhere.
+// Searches for a byte that does not occur.
 void find_byte(benchmark::State& state, const Byte_run& bytes) {
   Byte_run without = bytes;
   std::replace(without.begin(), without.end(), std::uint8_t{0xA5}, std::uint8_t{0xA4});
@@ -61,7 +61,7 @@ void find_byte(benchmark::State& state, const Byte_run& bytes) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
-// Every id at every byte.
+// Compares every id at every byte.
 void naive(benchmark::State& state, const Byte_run& bytes) {
   std::vector<Guid> stored;
   for (const Guid& id : known_class_scanner().table().class_ids())
