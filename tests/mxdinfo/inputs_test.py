@@ -36,6 +36,10 @@ class Inputs(Case):
         self.write("list", "\r\n".join(names[:2]).encode() + b"\n\n")
         self.assertEqual(names[:2], self.paths("--files-from", "list"))
         self.assertEqual(["b.mxd"] + names[:2], self.paths("b.mxd", "--files-from", "list"))
+        for encoding in ("utf-8-sig", "utf-16", "utf-16-be"):
+            mark = "\ufeff" if encoding == "utf-16-be" else ""
+            self.write("list", (mark + "\n".join(names[:2])).encode(encoding))
+            self.assertEqual(names[:2], self.paths("--files-from", "list"))
         odd = "line\nend.mxd"
         self.write(odd, documents.document("odd"))
         nul = f"b.mxd\0{odd}\0".encode()
@@ -85,17 +89,11 @@ class Inputs(Case):
         if os.path.exists("/dev/full"):
             self.run_mxdinfo("-f", "json", "-o", "/dev/full", SAMPLE, code=1)
 
-    def test_an_output_never_overwrites_an_input(self):
-        names = self.share()
-        before = os.path.getsize(os.path.join(self.folder, names[0]))
-        for arguments in (["-o", "A.MXD", "A.MXD"], ["--xml", "./A.MXD", "sub/../A.MXD"],
-                          ["-r", "-f", "csv", "-o", "A.MXD", "."]):
-            self.run_mxdinfo(*arguments, code=2)
-        self.assertEqual(before, os.path.getsize(os.path.join(self.folder, names[0])))
-
     def test_names_in_brackets(self):
         self.write("[a]", documents.document("good"))
-        self.assertEqual(["./[a]"], self.paths("[a]"))
+        self.assertEqual(["[a]"], self.paths("[a]"))
+        self.write("bracket.mxd", documents.document("[x,y]"))
+        self.assertIn("[x,y]", self.run_mxdinfo("--find-source", "[x,y]", "bracket.mxd")[0])
 
     def test_data_sources_are_found_by_their_paths(self):
         for text, hits in (("C:\\data\\base\\LANDUSE", 1), ("base/rivers", 1), ("base", 2),
@@ -110,6 +108,8 @@ class Inputs(Case):
                           ["--find-source", "x", "-f", "html", SAMPLE], ["-j", "-1", SAMPLE],
                           ["--find-source", "", SAMPLE], ["-o", "", SAMPLE]):
             self.run_mxdinfo(*arguments, code=2)
+        errors = self.run_mxdinfo("--no\x1b[2J\u202e", SAMPLE, code=2)[1]
+        self.assertIn("--no\\x1b[2J\\u202e", errors)
         self.assertEqual(4, self.run_mxdinfo("--help")[0].count("  mxdinfo "))
 
 

@@ -1,4 +1,4 @@
-// Work on many inputs with several threads, its results taken in the order of the inputs.
+// Processes many inputs with several threads; results are delivered in input order.
 #pragma once
 
 #include <cstddef>
@@ -10,16 +10,18 @@
 
 namespace mxdinfo {
 
-// What is left of a document when its tree is gone.
-struct Rendered {
+// What is kept of a document after its tree is destroyed.
+struct Rendered_document {
   Summary summary;
   std::string text;
-  std::vector<Lost_object> lost;
+  std::vector<Decode_error> errors;
 };
 
-// `make` is called by the threads, `take` by the caller's; false ends the batch. At no time are
-// more results kept than a few for each thread.
-void run_batch(std::size_t count, unsigned jobs, const std::function<Rendered(std::size_t)>& make,
-               const std::function<bool(Rendered&&)>& take);
+// `make` runs on the worker threads and must not throw; `take` runs on the calling thread; if it
+// returns false the batch ends. At most two finished documents per thread are buffered. There are
+// never more threads than inputs; if fewer can be started, those do the work.
+void run_batch(std::size_t count, unsigned jobs,
+               const std::function<Rendered_document(std::size_t)>& make,
+               const std::function<bool(Rendered_document&&)>& take);
 
 }  // namespace mxdinfo

@@ -1,4 +1,4 @@
-// The documents to read: files, folders, lists of files.
+// Finds the documents to read: files, folders, lists of files.
 #pragma once
 
 #include <string>
@@ -8,17 +8,18 @@
 
 namespace mxdinfo {
 
-// A path in UTF-8 (off Windows any bytes), or "-" for standard input.
 struct Inputs {
+  // Each a path in UTF-8 (on POSIX systems any bytes), or "-" for standard input.
   std::vector<std::string> paths;
-  // Folders and lists that could not be read.
+  // Messages about folders and lists that cannot be read.
   std::vector<std::string> failures;
+  // One file is named; no folder and no list.
   bool single = false;
 };
 
 Inputs find_inputs(const Options& options);
 
-// Whether the file stands among the inputs, under whatever name.
-bool is_input(const std::string& file, const Inputs& inputs);
+// Whether the file is one of the inputs, the list of inputs, or standard input where that is read.
+bool is_input(const std::string& file, const Options& options, const Inputs& inputs);
 
 }  // namespace mxdinfo

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "mxdinfo/cli/platform.h"
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/display_text.h"
 #include "storage/file_stream.h"
 #include "storage/memory_stream.h"
 #include "storage/unicode.h"
@@ -13,17 +13,17 @@ namespace mxdinfo {
 namespace {
 
 // Compound files of this kind end there.
-constexpr std::size_t largest_document = std::size_t{1} << 31;
+constexpr std::size_t max_document_size = std::size_t{1} << 31;
 
-class Loss_collector final : public mxd::Error_sink {
+class Error_collector final : public mxd::Error_sink {
  public:
-  explicit Loss_collector(std::vector<Lost_object>& lost) : lost_(lost) {}
+  explicit Error_collector(std::vector<Decode_error>& errors) : errors_(errors) {}
   void read_failed(const mxd::Read_error& error) override {
-    lost_.push_back({error.number, std::string(error.type_name), error.position});
+    errors_.push_back({error.number, std::string(error.type_name), error.position});
   }
 
  private:
-  std::vector<Lost_object>& lost_;
+  std::vector<Decode_error>& errors_;
 };
 
 bool read_standard_input(mxd::Tmxd_stream_m& bytes) {
@@ -31,7 +31,7 @@ bool read_standard_input(mxd::Tmxd_stream_m& bytes) {
   std::array<char, 1 << 16> piece;
   std::size_t size = 0;
   while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), input)) {
-    if (size + got > largest_document || !bytes.set_size(size + got)) return false;
+    if (size + got > max_document_size || !bytes.set_size(size + got)) return false;
     std::copy_n(piece.data(), got, bytes.bytes().begin() + static_cast<std::ptrdiff_t>(size));
     size += got;
   }
@@ -40,7 +40,7 @@ bool read_standard_input(mxd::Tmxd_stream_m& bytes) {
 
 void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& report) {
   report.size = file.get_size();
-  Loss_collector losses(report.lost);
+  Error_collector losses(report.errors);
   if (!report.content.load(file, path, losses)) {
     report.failure = "not readable as a map document";
   }

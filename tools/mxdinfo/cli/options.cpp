@@ -2,9 +2,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdio>
 #include <map>
+#include <sstream>
 
 #include "mxdinfo/cli/platform.h"
+#include "mxdinfo/cli/progress.h"
+#include "mxdinfo/facts/display_text.h"
 
 namespace mxdinfo {
 namespace {
@@ -12,11 +16,11 @@ namespace {
 constexpr const char* examples = R"(Examples:
   mxdinfo plan.mxd                                   what is in a document
   mxdinfo -r --format html -o maps.html Projects     a page about all documents of a folder
-  mxdinfo -r --find-source OLDSERVER Projects        who still uses data on OLDSERVER
+  mxdinfo -r --find-source OLDSERVER Projects        layers that still use data on OLDSERVER
   mxdinfo -r -j 4 --format csv -o layers.csv Projects  a table of all layers
 
-Exit code: 0 all documents were read, 1 some could not be, 2 wrong usage,
-3 something in a document could not be decoded (with --strict).)";
+Exit code: 0 all documents were read, 1 some cannot be read, 2 wrong usage,
+3 an object cannot be decoded (with --strict).)";
 
 std::map<std::string, Format> formats() {
   return {{"text", Format::text}, {"json", Format::json}, {"ndjson", Format::ndjson},
@@ -30,7 +34,7 @@ std::map<std::string, Color_mode> color_modes() {
           {"never", Color_mode::never}};
 }
 
-// What options say that are kept in another form.
+// Command-line values that Options keeps in another form.
 struct Raw_options {
   Options options;
   bool dump = false;
@@ -42,26 +46,37 @@ std::string not_empty(const std::string& text) {
   return text.empty() ? "must not be empty" : "";
 }
 
-// The parser takes an argument in brackets for a list. As a path it can be written so that it is
-// none.
-std::vector<std::string> arguments_of(int argc, const char* const* argv) {
+// CLI11 takes an argument in brackets for a list. A character in front of it prevents that; it is
+// removed again after parsing.
+constexpr char bracket_guard = '\x01';
+
+std::vector<std::string> guarded_arguments(int argc, const char* const* argv) {
   std::vector<std::string> arguments;
   for (int i = 1; i < argc; ++i) {
     std::string argument = argv[i];
-    const bool in_brackets =
-        argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
-    arguments.push_back(in_brackets ? "./" + argument : std::move(argument));
+    if (argument.starts_with('[')) argument.insert(argument.begin(), bracket_guard);
+    arguments.push_back(std::move(argument));
   }
-  // The parser wants them from the last to the first.
+  // CLI11 expects the last argument first.
   std::reverse(arguments.begin(), arguments.end());
   return arguments;
+}
+
+void remove_guards(Options& options) {
+  const auto remove = [](std::string& text) {
+    if (text.starts_with(bracket_guard)) text.erase(0, 1);
+  };
+  for (std::string& input : options.inputs) remove(input);
+  for (std::string* text : {&options.files_from, &options.output, &options.find_source}) {
+    remove(*text);
+  }
 }
 
 void add_inputs(CLI::App& app, Options& options) {
   app.add_option("FILE", options.inputs,
                  "map documents, folders of them, or - for a document on standard input")
       ->type_name("");
-  app.add_flag("-r,--recursive", options.recursive, "look for *.mxd in subfolders, too");
+  app.add_flag("-r,--recursive", options.recursive, "also look for *.mxd in subfolders");
   app.add_option("--files-from", options.files_from,
                  "read the names of documents from LIST, one a line; - is standard input")
       ->type_name("LIST");
@@ -103,14 +118,14 @@ void add_views(CLI::App& app, Raw_options& raw) {
   views->require_option(0, 1);
 }
 
-void add_manners(CLI::App& app, Options& options) {
-  auto* quiet = app.add_flag("-q,--quiet", options.quiet, "say nothing but what went wrong");
-  app.add_flag("-v,--verbose", options.verbose, "say something about each document")
+void add_general_options(CLI::App& app, Options& options) {
+  auto* quiet = app.add_flag("-q,--quiet", options.quiet, "report only files that cannot be read");
+  app.add_flag("-v,--verbose", options.verbose, "print one line about each document")
       ->excludes(quiet);
   app.add_option("--color", options.color_mode, "auto (default), always, never")
       ->type_name("WHEN")
       ->transform(CLI::CheckedTransformer(color_modes()).description(""));
-  app.add_flag("--strict", options.strict, "end with 3 when something could not be decoded");
+  app.add_flag("--strict", options.strict, "exit with 3 if an object cannot be decoded");
   app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
 }
 
@@ -126,6 +141,7 @@ Options resolved(const Raw_options& raw) {
                  : raw.coordinate_systems ? View::coordinate_systems
                  : raw.symbols            ? View::symbols
                                           : View::tree;
+  remove_guards(options);
   options.color =
       options.color_mode == Color_mode::always ||
       (options.color_mode == Color_mode::automatic && options.output.empty() && color_is_welcome());
@@ -140,8 +156,9 @@ void check(const Options& options) {
   const auto uses_of_input =
       std::count(options.inputs.begin(), options.inputs.end(), "-") + (options.files_from == "-");
   if (uses_of_input > 1) wrong("-", "standard input can be read only once");
-  const bool of_one = options.format == Format::xml || options.format == Format::dump;
-  if (of_one && (options.inputs.size() != 1 || !options.files_from.empty())) {
+  const bool single_document_format =
+      options.format == Format::xml || options.format == Format::dump;
+  if (single_document_format && (options.inputs.size() != 1 || !options.files_from.empty())) {
     wrong("FILE", "xml and dump take one file");
   }
   const bool text = options.format == Format::text;
@@ -149,6 +166,20 @@ void check(const Options& options) {
   if (!options.find_source.empty() && !text && options.format != Format::csv) {
     wrong("--find-source", "goes with text and csv");
   }
+}
+
+// The message quotes arguments, which may hold control characters.
+Exit_code explain(CLI::App& app, const CLI::ParseError& error) {
+  std::ostringstream help, message;
+  if (app.exit(error, help, message) == 0) {
+    static_cast<void>(std::fputs(help.str().c_str(), stdout));
+    return Exit_code::all_read;
+  }
+  std::istringstream lines(message.str());
+  for (std::string line; std::getline(lines, line);) {
+    print_stderr(escape_controls(utf8_of_path(line)) + "\n");
+  }
+  return Exit_code::wrong_usage;
 }
 
 }  // namespace
@@ -166,14 +197,14 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
   add_inputs(app, raw.options);
   add_outputs(app, raw);
   add_views(app, raw);
-  add_manners(app, raw.options);
+  add_general_options(app, raw.options);
   try {
-    app.parse(arguments_of(argc, argv));
+    app.parse(guarded_arguments(argc, argv));
     Options options = resolved(raw);
     check(options);
     return options;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? all_read : wrong_usage;
+    return explain(app, error);
   }
 }
 

@@ -7,7 +7,12 @@
 
 namespace mxdinfo {
 
-enum Exit_code { all_read = 0, some_unreadable = 1, wrong_usage = 2, some_lost = 3 };
+enum class Exit_code {
+  all_read = 0,
+  some_unreadable = 1,  // or the output cannot be written
+  wrong_usage = 2,
+  some_errors = 3,  // with --strict
+};
 
 enum class Format { text, json, ndjson, csv, xml, dump, html };
 enum class View { tree, layers, sources, coordinate_systems, symbols };
@@ -25,18 +30,18 @@ struct Options {
   View view = View::tree;
   std::string find_source;
   Color_mode color_mode = Color_mode::automatic;
-  // What the mode and the output come to.
+  // Resolved from color_mode and the output.
   bool color = false;
 
   bool quiet = false;
   bool verbose = false;
   bool strict = false;
 
-  // One file was named, no folder and no list: the JSON is then one object.
+  // One file is named; no folder and no list. The JSON is then one object.
   bool single = false;
 };
 
-// The options, or the code to end with, everything being said.
+// The options, or the exit code after a message was printed.
 std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv);
 
 }  // namespace mxdinfo

@@ -1,22 +1,40 @@
-// What a system does its own way.
+// System-dependent parts of the command line. Paths are UTF-8; on POSIX systems they may be any
+// bytes.
 #pragma once
 
 #include <cstdio>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace mxdinfo {
 
-// Whether a terminal shows what is written.
+// Whether the file is a terminal.
 bool is_terminal(std::FILE* file);
 
 // Whether standard output is a terminal with colors, and NO_COLOR is not set.
 bool color_is_welcome();
 
-// Text as the system ends its lines, or bytes as they are.
-enum class Line_ends { system, kept };
-
-// Standard output, or the file that this UTF-8 path names; null when it cannot be opened.
-std::FILE* open_output(const std::string& path, Line_ends line_ends);
+// Standard input, without any conversion of line ends.
 std::FILE* binary_standard_input();
+// Null if the file cannot be opened.
+std::FILE* open_for_reading(const std::string& path);
+
+struct Folder_entry {
+  std::string name;
+  bool is_folder = false;
+  bool is_link = false;
+};
+// Empty if the folder cannot be read.
+std::optional<std::vector<Folder_entry>> list_folder(const std::string& path);
+bool is_folder(const std::string& path);
+std::string join_path(const std::string& folder, const std::string& name);
+
+// Whether both paths name one existing file.
+bool is_same_file(const std::string& a, const std::string& b);
+bool is_standard_input(const std::string& path);
+
+// Text that is not UTF-8, as UTF-8: converted from the code page of Windows, elsewhere unchanged.
+std::string from_system_encoding(std::string text);
 
 }  // namespace mxdinfo

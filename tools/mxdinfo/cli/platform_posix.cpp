@@ -1,11 +1,20 @@
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
 
 #include "mxdinfo/cli/platform.h"
 
 namespace mxdinfo {
+namespace {
+
+bool is_same(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+}  // namespace
 
 bool is_terminal(std::FILE* file) {
   return isatty(fileno(file)) == 1;
@@ -21,12 +30,48 @@ bool color_is_welcome() {
          is_terminal(stdout);
 }
 
-std::FILE* open_output(const std::string& path, Line_ends /*line_ends*/) {
-  return path.empty() ? stdout : std::fopen(path.c_str(), "w");
-}
-
 std::FILE* binary_standard_input() {
   return stdin;
+}
+
+std::FILE* open_for_reading(const std::string& path) {
+  return std::fopen(path.c_str(), "rb");
+}
+
+std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
+  std::vector<Folder_entry> entries;
+  std::error_code error;
+  std::filesystem::directory_iterator next(path, error);
+  for (; !error && next != std::filesystem::directory_iterator(); next.increment(error)) {
+    std::error_code ignored;
+    entries.push_back(
+        {next->path().filename().string(), next->is_directory(ignored), next->is_symlink(ignored)});
+  }
+  if (error) return std::nullopt;
+  return entries;
+}
+
+bool is_folder(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::string join_path(const std::string& folder, const std::string& name) {
+  return folder.ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+bool is_same_file(const std::string& a, const std::string& b) {
+  struct stat of_a = {}, of_b = {};
+  return stat(a.c_str(), &of_a) == 0 && stat(b.c_str(), &of_b) == 0 && is_same(of_a, of_b);
+}
+
+bool is_standard_input(const std::string& path) {
+  struct stat input = {}, file = {};
+  return fstat(STDIN_FILENO, &input) == 0 && stat(path.c_str(), &file) == 0 && is_same(input, file);
+}
+
+std::string from_system_encoding(std::string text) {
+  return text;
 }
 
 }  // namespace mxdinfo

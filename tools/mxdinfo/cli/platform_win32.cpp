@@ -3,16 +3,47 @@
 #include <windows.h>
 
 #include "mxdinfo/cli/platform.h"
+#include "mxdinfo/cli/wide_path_win32.h"
 
 namespace mxdinfo {
 namespace {
 
-std::wstring wide_path(const std::string& path) {
-  const int size = MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(size), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, wide.data(), size);
-  return wide;
+std::string to_utf8(const wchar_t* text) {
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+  if (size <= 0) return {};
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text, -1, bytes.data(), size, nullptr, nullptr);
+  bytes.pop_back();
+  return bytes;
 }
+
+HANDLE standard_input() {
+  return GetStdHandle(STD_INPUT_HANDLE);
+}
+
+bool is_same(HANDLE a, HANDLE b) {
+  BY_HANDLE_FILE_INFORMATION of_a = {}, of_b = {};
+  return GetFileInformationByHandle(a, &of_a) && GetFileInformationByHandle(b, &of_b) &&
+         of_a.dwVolumeSerialNumber == of_b.dwVolumeSerialNumber &&
+         of_a.nFileIndexHigh == of_b.nFileIndexHigh && of_a.nFileIndexLow == of_b.nFileIndexLow;
+}
+
+class Open_file {
+ public:
+  explicit Open_file(const std::string& path)
+      : handle_(CreateFileW(extended_path(path).c_str(), 0,
+                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, 0, nullptr)) {}
+  Open_file(const Open_file&) = delete;
+  Open_file& operator=(const Open_file&) = delete;
+  ~Open_file() {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+  }
+  HANDLE handle() const { return handle_; }
+
+ private:
+  HANDLE handle_;
+};
 
 }  // namespace
 
@@ -27,19 +58,58 @@ bool color_is_welcome() {
          SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-std::FILE* open_output(const std::string& path, Line_ends line_ends) {
-  const bool binary = line_ends == Line_ends::kept;
-  if (path.empty()) {
-    if (binary) _setmode(_fileno(stdout), _O_BINARY);
-    return stdout;
-  }
-  std::FILE* file = nullptr;
-  return _wfopen_s(&file, wide_path(path).c_str(), binary ? L"wb" : L"wt") == 0 ? file : nullptr;
-}
-
 std::FILE* binary_standard_input() {
   _setmode(_fileno(stdin), _O_BINARY);
   return stdin;
+}
+
+std::FILE* open_for_reading(const std::string& path) {
+  std::FILE* file = nullptr;
+  return _wfopen_s(&file, extended_path(path).c_str(), L"rb") == 0 ? file : nullptr;
+}
+
+std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
+  std::vector<Folder_entry> entries;
+  WIN32_FIND_DATAW found = {};
+  const HANDLE search = FindFirstFileW(extended_path(join_path(path, "*")).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return std::nullopt;
+  do {
+    std::string name = to_utf8(found.cFileName);
+    if (name == "." || name == "..") continue;
+    entries.push_back({std::move(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
+                       (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0});
+  } while (FindNextFileW(search, &found));
+  const bool complete = GetLastError() == ERROR_NO_MORE_FILES;
+  FindClose(search);
+  if (!complete) return std::nullopt;
+  return entries;
+}
+
+bool is_folder(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(extended_path(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+std::string join_path(const std::string& folder, const std::string& name) {
+  const bool has_end = folder.ends_with('\\') || folder.ends_with('/') || folder.ends_with(':');
+  return has_end ? folder + name : folder + "\\" + name;
+}
+
+bool is_same_file(const std::string& a, const std::string& b) {
+  return is_same(Open_file(a).handle(), Open_file(b).handle());
+}
+
+bool is_standard_input(const std::string& path) {
+  return is_same(standard_input(), Open_file(path).handle());
+}
+
+std::string from_system_encoding(std::string text) {
+  const int length = static_cast<int>(text.size());
+  const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+  if (size <= 0) return text;
+  std::wstring wide(static_cast<std::size_t>(size), L'\0');
+  MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), size);
+  return to_utf8(wide.c_str());
 }
 
 }  // namespace mxdinfo

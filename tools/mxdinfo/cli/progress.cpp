@@ -8,15 +8,15 @@
 namespace mxdinfo {
 namespace {
 
-constexpr auto shortest_wait = std::chrono::milliseconds(100);
+constexpr auto min_interval = std::chrono::milliseconds(100);
 
-std::string counted(std::size_t count, std::string_view what) {
+std::string plural(std::size_t count, std::string_view what) {
   return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
 }  // namespace
 
-void say(std::string_view text) {
+void print_stderr(std::string_view text) {
   static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
   static_cast<void>(std::fflush(stderr));
 }
@@ -27,35 +27,35 @@ double Progress::seconds() const {
 
 void Progress::erase() {
   if (width_ == 0) return;
-  say(fmt::format("\r{:{}}\r", "", width_));
+  print_stderr(fmt::format("\r{:{}}\r", "", width_));
   width_ = 0;
 }
 
 void Progress::count(const Totals& totals) {
-  if (!shown_ || Clock::now() - last_ < shortest_wait) return;
+  if (!shown_ || Clock::now() - last_ < min_interval) return;
   last_ = Clock::now();
   const double rate = static_cast<double>(totals.documents) / seconds();
   const double left = static_cast<double>(total_ - totals.documents) / rate;
   const std::string line = fmt::format("{} of {} documents, {:.0f} a second, {:.0f} s left",
                                        totals.documents, total_, rate, left);
   erase();
-  say(line);
+  print_stderr(line);
   width_ = line.size();
 }
 
-void Progress::say_line(const std::string& line) {
+void Progress::print_line(const std::string& line) {
   erase();
-  say(line + "\n");
+  print_stderr(line + "\n");
 }
 
 void Progress::end(const Totals& totals) {
   erase();
-  std::string line = "mxdinfo: " + counted(totals.documents, "document");
+  std::string line = "mxdinfo: " + plural(totals.documents, "document");
   if (totals.unreadable != 0) line += fmt::format(", {} of them unreadable", totals.unreadable);
-  line += ", " + counted(totals.maps, "map") + ", " + counted(totals.layers, "layer");
-  if (totals.lost != 0) line += ", " + counted(totals.lost, "object") + " not decoded";
-  say(fmt::format("{}; {:.2f} s, {:.0f} documents a second\n", line, seconds(),
-                  static_cast<double>(totals.documents) / seconds()));
+  line += ", " + plural(totals.maps, "map") + ", " + plural(totals.layers, "layer");
+  if (totals.errors != 0) line += ", " + plural(totals.errors, "object") + " not decoded";
+  print_stderr(fmt::format("{}; {:.2f} s, {:.0f} documents a second\n", line, seconds(),
+                           static_cast<double>(totals.documents) / seconds()));
 }
 
 }  // namespace mxdinfo

@@ -11,7 +11,7 @@
 namespace mxdinfo {
 
 // To standard error, as it is. That it cannot be written is no failure.
-void say(std::string_view text);
+void print_stderr(std::string_view text);
 
 class Progress {
  public:
@@ -20,7 +20,7 @@ class Progress {
 
   void count(const Totals& totals);
   // A whole line, where the counting was.
-  void say_line(const std::string& line);
+  void print_line(const std::string& line);
   void end(const Totals& totals);
 
  private:

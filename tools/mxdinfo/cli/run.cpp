@@ -2,56 +2,55 @@
 
 #include <fmt/format.h>
 
+#include <cstdlib>
+#include <exception>
 #include <new>
 
 #include "mxdinfo/cli/batch.h"
 #include "mxdinfo/cli/inputs.h"
 #include "mxdinfo/cli/load.h"
 #include "mxdinfo/cli/options.h"
+#include "mxdinfo/cli/output_file.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/output/report_writer.h"
 
 namespace mxdinfo {
 namespace {
 
-std::string complaint(const std::string& name, std::string_view what) {
-  return fmt::format("mxdinfo: {}: {}", on_one_line(name), what);
+std::string error_message(const std::string& name, std::string_view what) {
+  return fmt::format("mxdinfo: {}: {}", escape_controls(name), what);
 }
 
 class Output {
  public:
   Output(const Options& options, Line_ends line_ends)
       : name_(options.output.empty() ? "standard output" : utf8_of_path(options.output)),
-        file_(open_output(options.output, line_ends)) {}
-  Output(const Output&) = delete;
-  Output& operator=(const Output&) = delete;
-  ~Output() { close(); }
+        file_(options.output, line_ends) {
+    if (!file_.file()) report_failure();
+  }
 
-  std::FILE* file() const { return file_; }
+  // Null if the file cannot be opened, which is reported.
+  std::FILE* file() const { return file_.file(); }
 
   bool write(std::string_view text) {
-    if (file_ && std::fwrite(text.data(), 1, text.size(), file_) != text.size()) failed_ = true;
-    return good();
-  }
-  bool good() const { return file_ && !failed_; }
-
-  // Whether everything arrived; complains if not.
-  bool close() {
-    if (file_) {
-      failed_ = failed_ || std::ferror(file_) != 0;
-      if ((file_ == stdout ? std::fflush(file_) : std::fclose(file_)) != 0) failed_ = true;
-      if (failed_) complain();
-      file_ = nullptr;
-    }
+    if (std::fwrite(text.data(), 1, text.size(), file()) != text.size()) failed_ = true;
     return !failed_;
   }
-  void complain() const { say(complaint(name_, "cannot be written") + "\n"); }
+
+  // Whether everything was written; reports a failure.
+  bool commit() {
+    const bool complete = !failed_ && file_.commit();
+    if (!complete) report_failure();
+    return complete;
+  }
 
  private:
+  void report_failure() const { print_stderr(error_message(name_, "cannot be written") + "\n"); }
+
   std::string name_;
-  std::FILE* file_;
+  Output_file file_;
   bool failed_ = false;
 };
 
@@ -64,90 +63,102 @@ class Run {
         progress_(inputs.paths.size(), !options.quiet && inputs.paths.size() > 1 &&
                                            is_terminal(stderr) && !to_terminal) {}
 
-  // The document as XML, straight into the file: the library's own way.
+  // Writes XML directly to the file, as the library itself does.
   Exit_code save_xml() {
     Report report;
     load(inputs_.paths.front(), report);
-    tell({summary_of(report), {}, std::move(report.lost)});
-    if (!report.failure.empty()) return some_unreadable;
+    record({summary_of(report), {}, std::move(report.errors)});
+    if (!report.failure.empty()) return Exit_code::some_unreadable;
     Output output(options_, Line_ends::system);
-    if (!output.file()) {
-      output.complain();
-      return some_unreadable;
-    }
+    if (!output.file()) return Exit_code::some_unreadable;
     report.content.write_xml(output.file());
-    return output.close() ? exit_code() : some_unreadable;
+    return output.commit() ? exit_code() : Exit_code::some_unreadable;
   }
 
   Exit_code write_all() {
     const auto line_ends = options_.format == Format::dump ? Line_ends::system : Line_ends::kept;
     Output output(options_, line_ends);
-    if (!output.file()) {
-      output.complain();
-      return some_unreadable;
-    }
+    if (!output.file()) return Exit_code::some_unreadable;
     const auto writer = make_writer(options_);
     output.write(writer->begin());
     std::vector<Summary> summaries;
     run_batch(
         inputs_.paths.size(), options_.jobs,
         [&](std::size_t index) { return rendered(index, *writer); },
-        [&](Rendered&& result) {
+        [&](Rendered_document&& result) {
           const bool written = output.write(result.text);
-          tell(result);
+          record(result);
           if (options_.format == Format::html) summaries.push_back(std::move(result.summary));
           return written;
         });
     output.write(writer->end(summaries));
-    if (!output.close()) return some_unreadable;
+    if (!output.commit()) return Exit_code::some_unreadable;
     const bool batch = !inputs_.single || inputs_.paths.size() > 1;
     if (!options_.quiet && (batch || options_.verbose)) progress_.end(totals_);
     return exit_code();
   }
 
  private:
-  Rendered rendered(std::size_t index, const Report_writer& writer) const {
+  // Runs on the threads of a batch.
+  Rendered_document rendered(std::size_t index, const Report_writer& writer) const noexcept {
     Report report;
     report.index = index;
     try {
       load(inputs_.paths[index], report);
       std::string text = writer.document(report);
-      return {summary_of(report), std::move(text), std::move(report.lost)};
+      return {summary_of(report), std::move(text), std::move(report.errors)};
     } catch (const std::bad_alloc&) {
-      Report empty;
-      empty.index = index;
-      empty.name = report.name;
-      empty.failure = "too large for the memory";
-      return {summary_of(empty), writer.document(empty), {}};
+      return failed(report, writer, "too large for the memory");
+    } catch (const std::exception&) {
+      return failed(report, writer, "cannot be processed");
     }
   }
 
-  void tell(const Rendered& result) {
+  static Rendered_document failed(Report& report, const Report_writer& writer,
+                                  std::string_view failure) noexcept {
+    Rendered_document result;
+    result.summary.name = std::move(report.name);
+    result.summary.failure = failure;
+    try {
+      Report empty;
+      empty.index = report.index;
+      empty.name = result.summary.name;
+      empty.failure = failure;
+      result.text = writer.document(empty);
+    } catch (const std::exception&) {
+      // The summary still reports the document.
+    }
+    return result;
+  }
+
+  void record(const Rendered_document& result) {
     const Summary& summary = result.summary;
     totals_.add(summary);
-    if (!summary.failure.empty()) progress_.say_line(complaint(summary.name, summary.failure));
-    if (options_.verbose && summary.failure.empty()) {
-      progress_.say_line(
-          complaint(summary.name, fmt::format("{} maps, {} layers, {} not decoded", summary.maps,
-                                              summary.layers, summary.lost)));
+    if (!summary.failure.empty()) {
+      progress_.print_line(error_message(summary.name, summary.failure));
+    } else if (options_.verbose) {
+      progress_.print_line(
+          error_message(summary.name, fmt::format("{} maps, {} layers, {} not decoded",
+                                                  summary.maps, summary.layers, summary.errors)));
     }
-    if (!options_.quiet) tell_lost(result);
+    if (!options_.quiet) print_errors(result);
     progress_.count(totals_);
   }
 
-  void tell_lost(const Rendered& result) {
-    if (result.lost.empty()) return;
+  void print_errors(const Rendered_document& result) {
+    if (result.errors.empty()) return;
     if (!inputs_.single) {
-      progress_.say_line(complaint(result.summary.name, "some objects could not be decoded:"));
+      progress_.print_line(
+          error_message(result.summary.name, "some objects could not be decoded:"));
     }
-    for (const Lost_object& lost : result.lost) {
-      progress_.say_line(mxd::error_line({lost.number, lost.type, lost.position}));
+    for (const Decode_error& error : result.errors) {
+      progress_.print_line(mxd::error_line({error.number, error.type, error.position}));
     }
   }
 
   Exit_code exit_code() const {
-    if (totals_.unreadable != 0 || !inputs_.failures.empty()) return some_unreadable;
-    return options_.strict && totals_.lost != 0 ? some_lost : all_read;
+    if (totals_.unreadable != 0 || !inputs_.failures.empty()) return Exit_code::some_unreadable;
+    return options_.strict && totals_.errors != 0 ? Exit_code::some_errors : Exit_code::all_read;
   }
 
   const Options& options_;
@@ -156,28 +167,48 @@ class Run {
   Totals totals_;
 };
 
-}  // namespace
-
-int run(int argc, const char* const* argv) {
-  auto parsed = parse_options(argc, argv);
-  if (const auto* code = std::get_if<Exit_code>(&parsed)) return *code;
-  auto& options = std::get<Options>(parsed);
+Exit_code run_options(Options& options) {
   const Inputs inputs = find_inputs(options);
   options.single = inputs.single;
   for (const std::string& failure : inputs.failures) {
-    say("mxdinfo: " + on_one_line(failure) + "\n");
+    print_stderr("mxdinfo: " + escape_controls(failure) + "\n");
   }
-  const bool of_one = options.format == Format::xml || options.format == Format::dump;
-  if (of_one && !inputs.single) {
-    say("mxdinfo: xml and dump take one file\n");
-    return wrong_usage;
+  const bool single_document_format =
+      options.format == Format::xml || options.format == Format::dump;
+  if (single_document_format && !inputs.single) {
+    print_stderr("mxdinfo: xml and dump take one file\n");
+    return Exit_code::wrong_usage;
   }
-  if (!options.output.empty() && is_input(options.output, inputs)) {
-    say("mxdinfo: " + on_one_line(options.output) + " is to be read, and is not overwritten\n");
-    return wrong_usage;
+  if (!options.output.empty() && is_input(options.output, options, inputs)) {
+    print_stderr(error_message(utf8_of_path(options.output), "is an input, and not overwritten") +
+                 "\n");
+    return Exit_code::wrong_usage;
   }
-  Run whole(options, inputs, options.output.empty() && is_terminal(stdout));
-  return options.format == Format::xml ? whole.save_xml() : whole.write_all();
+  Run run(options, inputs, options.output.empty() && is_terminal(stdout));
+  return options.format == Format::xml ? run.save_xml() : run.write_all();
+}
+
+// Scarce memory can end the run in a destructor: those of JSON values allocate.
+[[noreturn]] void end_run() {
+  remove_unfinished_output();
+  static_cast<void>(std::fputs("mxdinfo: an unexpected error ended the run\n", stderr));
+  std::_Exit(static_cast<int>(Exit_code::some_unreadable));
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv) {
+  std::set_terminate(end_run);
+  try {
+    auto parsed = parse_options(argc, argv);
+    if (const auto* code = std::get_if<Exit_code>(&parsed)) return static_cast<int>(*code);
+    return static_cast<int>(run_options(std::get<Options>(parsed)));
+  } catch (const std::bad_alloc&) {
+    print_stderr("mxdinfo: out of memory\n");
+  } catch (const std::exception&) {
+    print_stderr("mxdinfo: an unexpected error ended the run\n");
+  }
+  return static_cast<int>(Exit_code::some_unreadable);
 }
 
 }  // namespace mxdinfo

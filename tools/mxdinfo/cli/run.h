@@ -1,4 +1,5 @@
-// The whole command, its arguments in UTF-8.
+// Runs the command. Arguments are UTF-8; on POSIX systems they may be any bytes. Throws nothing.
+// Returns the exit code.
 #pragma once
 
 namespace mxdinfo {

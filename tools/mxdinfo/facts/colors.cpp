@@ -13,7 +13,7 @@ namespace {
 using namespace mxd;
 
 // Symbols nest; a color further down is not the symbol's.
-constexpr int deepest_looked_at = 8;
+constexpr int max_depth = 8;
 
 std::optional<std::string> color_within(const Tmxd_symbol* symbol, int depth);
 
@@ -80,7 +80,7 @@ std::optional<std::string> fill_color(const Tmxd_symbol* symbol, int depth) {
 }
 
 std::optional<std::string> color_within(const Tmxd_symbol* symbol, int depth) {
-  if (!symbol || depth > deepest_looked_at) return std::nullopt;
+  if (!symbol || depth > max_depth) return std::nullopt;
   if (dynamic_cast<const Tmxd_marker_symbol*>(symbol)) return marker_color(symbol, depth);
   if (dynamic_cast<const Tmxd_line_symbol*>(symbol)) return line_color(symbol, depth);
   return fill_color(symbol, depth);

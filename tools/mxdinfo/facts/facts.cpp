@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/display_text.h"
 #include "rendering/class_breaks_renderer.h"
 #include "rendering/simple_renderer.h"
 #include "rendering/unique_value_renderer.h"
@@ -14,14 +14,14 @@ namespace {
 
 using namespace mxd;
 
-constexpr std::size_t deepest_shown = 40;
+constexpr std::size_t max_shown_depth = 40;
 
 // The open groups, each with the number of members that are still to come.
 class Group_nesting {
  public:
   std::vector<const Tmxd_group_layer*> groups() const {
     std::vector<const Tmxd_group_layer*> shown;
-    for (std::size_t i = 0; i < std::min(open_.size(), deepest_shown); ++i) {
+    for (std::size_t i = 0; i < std::min(open_.size(), max_shown_depth); ++i) {
       shown.push_back(open_[i].group);
     }
     return shown;
@@ -102,7 +102,7 @@ bool Source::contains(std::string_view wanted) const {
       if (!path.empty() && !name.empty() && !ends_so) path += separator;
       path += name;
     }
-    if (folded(path).find(wanted) != std::string::npos) return true;
+    if (fold_case(path).find(wanted) != std::string::npos) return true;
   }
   return false;
 }
@@ -166,8 +166,8 @@ std::string coordinate_system_name(const Tmxd_coordinate_system& system) {
   const std::string_view wkt = system.get_wkt();
   const std::size_t begin = wkt.find('"');
   const std::size_t end = wkt.find('"', begin + 1);
-  const bool named = begin < end && end != std::string_view::npos && end > begin + 1;
-  return named ? utf8_of_narrow(wkt.substr(begin + 1, end - begin - 1)) : "unknown";
+  const bool isolated = begin < end && end != std::string_view::npos && end > begin + 1;
+  return isolated ? utf8_of_narrow(wkt.substr(begin + 1, end - begin - 1)) : "unknown";
 }
 
 const Tmxd_renderer* renderer_of(const Tmxd_layer& layer) {

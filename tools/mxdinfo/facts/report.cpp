@@ -3,7 +3,7 @@
 namespace mxdinfo {
 
 Summary summary_of(const Report& report) {
-  Summary summary{report.name, report.failure, 0, 0, report.lost.size()};
+  Summary summary{report.name, report.failure, 0, 0, report.errors.size()};
   for (const auto& map : report.content.maps) {
     if (!map->repeat) ++summary.maps;
     summary.layers += map->layers.size();
@@ -16,7 +16,7 @@ void Totals::add(const Summary& summary) {
   if (!summary.failure.empty()) ++unreadable;
   maps += summary.maps;
   layers += summary.layers;
-  lost += summary.lost;
+  errors += summary.errors;
 }
 
 }  // namespace mxdinfo

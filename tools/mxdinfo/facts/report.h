@@ -1,39 +1,40 @@
-// What was found in one input, and what becomes of it.
+// What was read from one input.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document/mxd.h"
 
 namespace mxdinfo {
 
-struct Lost_object {
+struct Decode_error {
   std::uint16_t number;
   std::string type;
   std::int64_t position;
 };
 
 struct Report {
-  // Among all inputs.
+  // The position among all inputs.
   std::size_t index = 0;
   std::string name;
   std::uint64_t size = 0;
-  // Why there is no content; empty when there is.
-  std::string failure;
-  std::vector<Lost_object> lost;
+  // Why there is no content: a string literal, empty if there is content.
+  std::string_view failure;
+  std::vector<Decode_error> errors;
   mxd::Tmxd_mxd content;
 };
 
-// What is still known of a report when it is written and gone.
+// What is kept of a report after it is written.
 struct Summary {
   std::string name;
-  std::string failure;
+  std::string_view failure;
   std::size_t maps = 0;
   std::size_t layers = 0;
-  std::size_t lost = 0;
+  std::size_t errors = 0;
 };
 Summary summary_of(const Report& report);
 
@@ -42,7 +43,7 @@ struct Totals {
   std::size_t unreadable = 0;
   std::size_t maps = 0;
   std::size_t layers = 0;
-  std::size_t lost = 0;
+  std::size_t errors = 0;
 
   void add(const Summary& summary);
 };

@@ -4,8 +4,8 @@
 
 #include <array>
 
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/utf8.h"
 #include "symbology/fill_symbols.h"
 #include "symbology/line_symbols.h"
 #include "symbology/marker_symbols.h"
@@ -21,23 +21,25 @@ std::string name_at(const std::array<const char*, n>& names, std::int32_t index)
   return known ? names[static_cast<std::size_t>(index)] : fmt::format("style {}", index);
 }
 
-class Words {
+class Description {
  public:
-  explicit Words(const Tmxd_symbol& symbol) : text_(symbol_kind(&symbol)) {
+  explicit Description(const Tmxd_symbol& symbol) : text_(symbol_kind(&symbol)) {
     constexpr std::string_view ending = " symbol";
     if (text_.ends_with(ending)) text_.resize(text_.size() - ending.size());
   }
 
-  Words& word(std::string_view word) {
+  Description& word(std::string_view word) {
     if (!word.empty()) text_.append(", ").append(word);
     return *this;
   }
-  Words& color(const Tmxd_color_slot& slot) { return word(drawn_color(slot).value_or("no color")); }
-  Words& points(std::string_view what, double value) {
+  Description& color(const Tmxd_color_slot& slot) {
+    return word(drawn_color(slot).value_or("no color"));
+  }
+  Description& points(std::string_view what, double value) {
     return word(fmt::format("{} {:.6g} pt", what, value));
   }
   // A zero is not worth telling.
-  Words& unless_zero(std::string_view what, double value, std::string_view unit) {
+  Description& unless_zero(std::string_view what, double value, std::string_view unit) {
     return value == 0 ? *this : word(fmt::format("{} {:.6g}{}", what, value, unit));
   }
   std::string text() const { return text_; }
@@ -47,55 +49,58 @@ class Words {
 };
 
 std::string marker_text(const Tmxd_symbol& symbol) {
-  Words words(symbol);
+  Description description(symbol);
   if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
-    words.word(marker_style_name(simple->simple_marker_style)).color(simple->color);
-    words.points("size", simple->size).unless_zero("angle", simple->angle, "°");
+    description.word(marker_style_name(simple->simple_marker_style)).color(simple->color);
+    description.points("size", simple->size).unless_zero("angle", simple->angle, "°");
     if (simple->outline_flag) {
-      words.word("outline " + drawn_color(simple->outline_color).value_or("of no color"));
+      description.word("outline " + drawn_color(simple->outline_color).value_or("of no color"));
     }
   } else if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
-    words.word(fmt::format("{} {}", utf8(glyph->font_name), glyph->unicode));
-    words.color(glyph->color_slot).points("size", glyph->size);
-    words.unless_zero("angle", glyph->angle, "°");
+    description.word(fmt::format("{} {}", utf8(glyph->font_name), glyph->unicode));
+    description.color(glyph->color_slot).points("size", glyph->size);
+    description.unless_zero("angle", glyph->angle, "°");
   } else if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
-    words.color(arrow->color_slot).points("length", arrow->size).points("width", arrow->width);
+    description.color(arrow->color_slot)
+        .points("length", arrow->size)
+        .points("width", arrow->width);
   }
-  return words.text();
+  return description.text();
 }
 
 std::string line_text(const Tmxd_symbol& symbol) {
-  Words words(symbol);
+  Description description(symbol);
   if (const auto* simple = dynamic_cast<const Tmxd_simple_line_symbol*>(&symbol)) {
-    words.word(line_style_name(simple->line_type)).color(simple->color_slot);
-    words.points("width", simple->width);
+    description.word(line_style_name(simple->line_type)).color(simple->color_slot);
+    description.points("width", simple->width);
   } else if (const auto* line = dynamic_cast<const Tmxd_cartographic_line_symbol*>(&symbol)) {
-    words.color(line->color_slot).points("width", line->width);
-    words.unless_zero("offset", line->offset, " pt");
-    if (line->line_template.exists && !line->line_template.items.empty()) words.word("dashed");
-    if (!line->line_decoration.elements.empty()) words.word("decorated");
+    description.color(line->color_slot).points("width", line->width);
+    description.unless_zero("offset", line->offset, " pt");
+    if (line->line_template.exists && !line->line_template.items.empty())
+      description.word("dashed");
+    if (!line->line_decoration.elements.empty()) description.word("decorated");
   } else if (const auto* hash = dynamic_cast<const Tmxd_hash_line_symbol*>(&symbol)) {
-    words.color(hash->color_slot).points("width", hash->width);
-    words.unless_zero("angle", hash->angle, "°").unless_zero("offset", hash->offset, " pt");
+    description.color(hash->color_slot).points("width", hash->width);
+    description.unless_zero("angle", hash->angle, "°").unless_zero("offset", hash->offset, " pt");
   } else if (const auto* markers = dynamic_cast<const Tmxd_marker_line_symbol*>(&symbol)) {
-    words.word("of " + symbol_kind(markers->pattern_marker.get()));
-    words.unless_zero("offset", markers->offset, " pt");
+    description.word("of " + symbol_kind(markers->pattern_marker.get()));
+    description.unless_zero("offset", markers->offset, " pt");
   }
-  return words.text();
+  return description.text();
 }
 
 std::string fill_text(const Tmxd_symbol& symbol) {
-  Words words(symbol);
+  Description description(symbol);
   if (const auto* simple = dynamic_cast<const Tmxd_simple_fill_symbol*>(&symbol)) {
-    words.color(simple->color_slot);
-    if (const auto color = main_color(simple->outline.get())) words.word("outline " + *color);
+    description.color(simple->color_slot);
+    if (const auto color = main_color(simple->outline.get())) description.word("outline " + *color);
   } else if (const auto* lines = dynamic_cast<const Tmxd_line_fill_symbol*>(&symbol)) {
-    words.word("of " + symbol_kind(lines->pattern.get()));
-    words.unless_zero("angle", lines->angle, "°").points("separation", lines->separation);
+    description.word("of " + symbol_kind(lines->pattern.get()));
+    description.unless_zero("angle", lines->angle, "°").points("separation", lines->separation);
   } else if (const auto* markers = dynamic_cast<const Tmxd_marker_fill_symbol*>(&symbol)) {
-    words.word("of " + symbol_kind(markers->marker_slot.get()));
+    description.word("of " + symbol_kind(markers->marker_slot.get()));
   }
-  return words.text();
+  return description.text();
 }
 
 template <class List>

@@ -1,11 +1,13 @@
 // A table with a row for each layer.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "mxdinfo/cli/options.h"
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/utf8.h"
 #include "mxdinfo/output/report_writer.h"
 
 namespace mxdinfo {
@@ -18,13 +20,29 @@ constexpr std::string_view header =
     "dataset_type,workspace,geometry,coordinate_system,map_coordinate_system,renderer,fields,"
     "legend_classes\n";
 
-// Quoted where needed. What a spreadsheet would take for a formula gets an apostrophe in front.
-std::string cell(const std::string& value) {
-  std::string text = on_one_line(value);
-  if (text.find_first_of("=+-@") == 0) {
-    text.insert(text.begin(), '\'');
+// Spreadsheets may also split cells at semicolons and bars.
+bool ends_cell(char c) {
+  return c == ';' || c == '|';
+}
+
+// An apostrophe in front keeps a text from being taken for a formula.
+std::string without_formulas(std::string_view text) {
+  std::string out;
+  bool at_start = true;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (at_start) {
+      const std::size_t first = std::min(text.find_first_not_of(" '\"", i), text.size() - 1);
+      if (std::string_view("=+-@").find(text[first]) != std::string_view::npos) out += '\'';
+    }
+    out += text[i];
+    at_start = ends_cell(text[i]);
   }
-  if (text.find_first_of(",\"") == std::string::npos) return text;
+  return out;
+}
+
+std::string cell(const std::string& value) {
+  const std::string text = without_formulas(escape_controls(value));
+  if (text.find_first_of(",;|\"") == std::string::npos) return text;
   std::string quoted = "\"";
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
   return quoted + '"';
@@ -69,7 +87,7 @@ std::string row(const Report& report, const Tmxd_map& map, const Layer_place& pl
 class Csv_writer final : public Report_writer {
  public:
   explicit Csv_writer(const Options& options)
-      : wanted_(folded(utf8_of_path(options.find_source))) {}
+      : wanted_(fold_case(utf8_of_path(options.find_source))) {}
 
   std::string begin() const override { return std::string(header); }
 

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/stored_before.h"
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/names_by_number.h"
 #include "mxdinfo/output/html_style.h"
 #include "mxdinfo/output/report_writer.h"
 #include "mxdinfo/svg/svg.h"
@@ -17,11 +17,11 @@ namespace {
 using namespace mxd;
 
 // A name of the document's: escaped, and unable to turn the direction of the text around it.
-std::string named(const std::string& text) {
-  return "<bdi>" + in_markup(text) + "</bdi>";
+std::string isolated(const std::string& text) {
+  return "<bdi>" + escape_html(text) + "</bdi>";
 }
 
-std::string counted(std::size_t count, std::string_view what) {
+std::string plural(std::size_t count, std::string_view what) {
   return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
@@ -32,28 +32,28 @@ class Section {
 
   std::string html() {
     const Summary summary = summary_of(report_);
-    out_ +=
-        fmt::format("<section id=\"d{}\">\n<h2>{}</h2>\n", report_.index + 1, named(report_.name));
+    out_ += fmt::format("<section id=\"d{}\">\n<h2>{}</h2>\n", report_.index + 1,
+                        isolated(report_.name));
     if (!report_.failure.empty()) {
-      out_ += fmt::format("<p class=\"bad\">{}</p>\n</section>\n", in_markup(report_.failure));
+      out_ += fmt::format("<p class=\"bad\">{}</p>\n</section>\n", escape_html(report_.failure));
       return std::move(out_);
     }
-    out_ += fmt::format("<p class=\"soft\">{}, {}, {}</p>\n", counted(summary.maps, "map"),
-                        counted(summary.layers, "layer"), counted(report_.size, "byte"));
-    append_lost();
+    out_ += fmt::format("<p class=\"soft\">{}, {}, {}</p>\n", plural(summary.maps, "map"),
+                        plural(summary.layers, "layer"), plural(report_.size, "byte"));
+    append_errors();
     for (const auto& map : report_.content.maps) append_map(*map);
     out_ += "</section>\n";
     return std::move(out_);
   }
 
  private:
-  void append_lost() {
-    if (report_.lost.empty()) return;
+  void append_errors() {
+    if (report_.errors.empty()) return;
     out_ += fmt::format("<details><summary class=\"bad\">{} could not be decoded</summary>\n<ul>\n",
-                        counted(report_.lost.size(), "object"));
-    for (const Lost_object& lost : report_.lost) {
-      out_ += fmt::format("<li>{}, number {}, at byte {}</li>\n", in_markup(lost.type), lost.number,
-                          lost.position);
+                        plural(report_.errors.size(), "object"));
+    for (const Decode_error& error : report_.errors) {
+      out_ += fmt::format("<li>{}, number {}, at byte {}</li>\n", escape_html(error.type),
+                          error.number, error.position);
     }
     out_ += "</ul></details>\n";
   }
@@ -63,8 +63,8 @@ class Section {
       out_ += fmt::format("<p class=\"soft\">Map {} again</p>\n", repeated(map));
       return;
     }
-    stored_.add(map, map.name);
-    out_ += fmt::format("<h3><span class=\"soft\">Map</span> {}</h3>\n", named(utf8(map.name)));
+    names_.add(map, map.name);
+    out_ += fmt::format("<h3><span class=\"soft\">Map</span> {}</h3>\n", isolated(utf8(map.name)));
     open_details();
     append_coordinate_system(map.coordinate_system.get());
     close_details();
@@ -72,8 +72,8 @@ class Section {
   }
 
   std::string repeated(const Tmxd_obj& object) const {
-    const auto name = stored_.name_of(object);
-    return name ? named(*name) : fmt::format("number {}", object.number);
+    const auto name = names_.name_of(object);
+    return name ? isolated(*name) : fmt::format("number {}", object.number);
   }
 
   // Groups hold the lists of their members.
@@ -98,7 +98,7 @@ class Section {
       out_ += fmt::format("<li><p class=\"soft\">{} again</p>", repeated(layer));
       return;
     }
-    stored_.add(layer, layer.layer_name);
+    names_.add(layer, layer.layer_name);
     const auto shown = visible(layer);
     const std::string geometry = geometry_of(layer);
     out_ += shown && !*shown ? "<li class=\"off\">" : "<li>";
@@ -108,7 +108,7 @@ class Section {
         !shown   ? "none"
         : *shown ? "on\" title=\"visible"
                  : "\" title=\"not visible",
-        shown && *shown ? "✓" : "", named(utf8(layer.layer_name)), kind_of(layer),
+        shown && *shown ? "✓" : "", isolated(utf8(layer.layer_name)), kind_of(layer),
         geometry.empty() ? "" : ", ", geometry);
     append_details(layer);
     if (legend_class_count(layer) != 0) append_legend(*renderer_of(layer));
@@ -141,14 +141,14 @@ class Section {
   }
 
   void append_detail(std::string_view label, const std::string& text) {
-    if (!text.empty()) out_ += fmt::format("<dt>{}</dt><dd>{}</dd>\n", label, named(text));
+    if (!text.empty()) out_ += fmt::format("<dt>{}</dt><dd>{}</dd>\n", label, isolated(text));
   }
 
   void append_coordinate_system(const Tmxd_coordinate_system* system) {
     if (!system) return;
     out_ += fmt::format(
         "<dt>Coordinates</dt><dd><details><summary>{}</summary><pre>{}</pre></details></dd>\n",
-        named(coordinate_system_name(*system)), in_markup(coordinate_system_text(*system)));
+        isolated(coordinate_system_name(*system)), escape_html(coordinate_system_text(*system)));
   }
 
   void append_legend(const Tmxd_renderer& renderer) {
@@ -156,11 +156,11 @@ class Section {
     for (const auto* group : legend_groups(renderer)) {
       const std::string heading = utf8(group->label);
       if (!heading.empty() && !group->legend_classes.empty()) {
-        out_ += fmt::format("<p class=\"heading\">{}</p>\n", named(heading));
+        out_ += fmt::format("<p class=\"heading\">{}</p>\n", isolated(heading));
       }
       for (const auto& item : group->legend_classes) {
         out_ += fmt::format("<p>{}<span>{}</span></p>\n", swatch_svg(item->symbol_slot.get()),
-                            named(utf8(item->label)));
+                            isolated(utf8(item->label)));
       }
     }
     out_ += "</div>";
@@ -169,7 +169,7 @@ class Section {
   const Report& report_;
   std::string out_;
   std::size_t details_at_ = 0;
-  Stored_before stored_;
+  Names_by_number names_;
 };
 
 class Html_writer final : public Report_writer {
@@ -193,8 +193,8 @@ class Html_writer final : public Report_writer {
     for (const Summary& summary : documents) totals.add(summary);
     std::string page = fmt::format(
         "<header><h1>Map documents</h1>\n<p class=\"soft\">{}, {}, {}{}</p></header>\n",
-        counted(totals.documents, "document"), counted(totals.maps, "map"),
-        counted(totals.layers, "layer"),
+        plural(totals.documents, "document"), plural(totals.maps, "map"),
+        plural(totals.layers, "layer"),
         totals.unreadable == 0 ? "" : fmt::format(", {} unreadable", totals.unreadable));
     if (documents.size() > 1) page += index(documents);
     return page + "</body>\n</html>\n";
@@ -207,14 +207,14 @@ class Html_writer final : public Report_writer {
         "<th class=\"n\">Layers</th><th class=\"n\">Not decoded</th></tr>\n";
     for (std::size_t i = 0; i < documents.size(); ++i) {
       const Summary& summary = documents[i];
-      table += fmt::format("<tr><td><a href=\"#d{}\">{}</a></td>", i + 1, named(summary.name));
+      table += fmt::format("<tr><td><a href=\"#d{}\">{}</a></td>", i + 1, isolated(summary.name));
       table += summary.failure.empty()
                    ? fmt::format(
                          "<td class=\"n\">{}</td><td class=\"n\">{}</td>"
                          "<td class=\"n\">{}</td></tr>\n",
-                         summary.maps, summary.layers, summary.lost)
+                         summary.maps, summary.layers, summary.errors)
                    : fmt::format("<td class=\"bad\" colspan=\"3\">{}</td></tr>\n",
-                                 in_markup(summary.failure));
+                                 escape_html(summary.failure));
     }
     return table + "</table></div></nav>\n";
   }

@@ -1,7 +1,7 @@
 // Everything that a document says, for programs. docs/mxdinfo.schema.json states the form.
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/stored_before.h"
+#include "mxdinfo/facts/names_by_number.h"
 #include "mxdinfo/output/json_parts.h"
 #include "mxdinfo/output/report_writer.h"
 #include "rendering/class_breaks_renderer.h"
@@ -15,7 +15,7 @@ using namespace mxd;
 
 constexpr int schema_version = 1;
 
-Json text_or_null(const std::string& text) {
+Json text_or_null(std::string_view text) {
   return text.empty() ? Json(nullptr) : Json(text);
 }
 
@@ -105,12 +105,12 @@ void add_feature(Json& json, const Tmxd_feature_layer& layer) {
 }
 
 // What is left of a map or a layer that stands for an earlier one.
-void add_reference(Json& json, const Tmxd_obj& object, const Stored_before& stored) {
-  const auto name = stored.name_of(object);
+void add_reference(Json& json, const Tmxd_obj& object, const Names_by_number& names) {
+  const auto name = names.name_of(object);
   json["repeats"] = name ? Json(*name) : Json(nullptr);
 }
 
-Json layer_json(const Layer_place& place, Stored_before& stored) {
+Json layer_json(const Layer_place& place, Names_by_number& names) {
   const Tmxd_layer& layer = *place.layer;
   Json groups = Json::array();
   for (const auto* group : place.groups) groups.push_back(utf8(group->layer_name));
@@ -120,10 +120,10 @@ Json layer_json(const Layer_place& place, Stored_before& stored) {
                {"version", layer.version},
                {"groups", std::move(groups)}};
   if (layer.repeat) {
-    add_reference(json, layer, stored);
+    add_reference(json, layer, names);
     return json;
   }
-  stored.add(layer, layer.layer_name);
+  names.add(layer, layer.layer_name);
   const auto shown = visible(layer);
   json["name"] = utf8(layer.layer_name);
   json["type_name"] = utf8(layer.layer_type_name);
@@ -141,18 +141,18 @@ Json layer_json(const Layer_place& place, Stored_before& stored) {
   return json;
 }
 
-Json map_json(const Tmxd_map& map, Stored_before& stored) {
+Json map_json(const Tmxd_map& map, Names_by_number& names) {
   Json json = {{"number", map.number}, {"version", map.version}};
   if (map.repeat) {
-    add_reference(json, map, stored);
+    add_reference(json, map, names);
     return json;
   }
-  stored.add(map, map.name);
+  names.add(map, map.name);
   json["name"] = utf8(map.name);
   json["coordinate_system"] = coordinate_system_json(map.coordinate_system.get());
   json["layers"] = Json::array();
   for (const Layer_place& place : placed_layers(map)) {
-    json["layers"].push_back(layer_json(place, stored));
+    json["layers"].push_back(layer_json(place, names));
   }
   return json;
 }
@@ -165,11 +165,11 @@ Json document_json(const Report& report) {
                {"reason", text_or_null(report.failure)},
                {"maps", Json::array()},
                {"errors", Json::array()}};
-  Stored_before stored;
-  for (const auto& map : report.content.maps) json["maps"].push_back(map_json(*map, stored));
-  for (const Lost_object& lost : report.lost) {
+  Names_by_number names;
+  for (const auto& map : report.content.maps) json["maps"].push_back(map_json(*map, names));
+  for (const Decode_error& error : report.errors) {
     json["errors"].push_back(
-        {{"number", lost.number}, {"type", lost.type}, {"position", lost.position}});
+        {{"number", error.number}, {"type", error.type}, {"position", error.position}});
   }
   return json;
 }

@@ -1,6 +1,6 @@
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/symbol_text.h"
-#include "mxdinfo/facts/utf8.h"
 #include "mxdinfo/output/json_parts.h"
 #include "symbology/fill_symbols.h"
 #include "symbology/line_symbols.h"

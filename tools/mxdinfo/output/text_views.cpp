@@ -12,7 +12,7 @@ namespace {
 using namespace mxd;
 
 // Things and who uses them, in the order in which they first come up.
-class Users {
+class Usage_list {
  public:
   void add(const std::string& thing, const std::string& user) {
     const auto [place, is_new] = places_.emplace(thing, list_.size());
@@ -21,7 +21,7 @@ class Users {
   }
   void append_to(Text_lines& lines) const {
     for (const auto& [thing, users] : list_) {
-      lines.line(2, on_one_line(thing));
+      lines.line(2, escape_controls(thing));
       for (const std::string& user : users) lines.line(4, user);
     }
   }
@@ -74,15 +74,15 @@ class Text_report_writer final : public Report_writer {
 class Source_finder final : public Report_writer {
  public:
   explicit Source_finder(const Options& options)
-      : wanted_(folded(utf8_of_path(options.find_source))) {}
+      : wanted_(fold_case(utf8_of_path(options.find_source))) {}
 
   std::string document(const Report& report) const override {
     std::string out;
     visit_layers(report.content, [&](const Tmxd_map& map, const Layer_place& place) {
       const Source source = source_of(*place.layer);
       if (!source.contains(wanted_)) return;
-      out += fmt::format("{}: {}: {}\n", on_one_line(report.name), full_name(map, place),
-                         on_one_line(source.text()));
+      out += fmt::format("{}: {}: {}\n", escape_controls(report.name), full_name(map, place),
+                         escape_controls(source.text()));
     });
     return out;
   }
@@ -96,12 +96,12 @@ class Source_finder final : public Report_writer {
 std::string full_name(const Tmxd_map& map, const Layer_place& place) {
   std::string name = utf8(map.name);
   if (!place.groups.empty()) name += " / " + group_path(place);
-  return on_one_line(name + " / " + utf8(place.layer->layer_name));
+  return escape_controls(name + " / " + utf8(place.layer->layer_name));
 }
 
 std::string layers_view(const Tmxd_mxd& document, const std::string& name, bool color) {
   Text_lines lines(color);
-  lines.line(0, lines.bold(on_one_line(name)));
+  lines.line(0, lines.bold(escape_controls(name)));
   visit_layers(document, [&](const Tmxd_map& map, const Layer_place& place) {
     const std::string geometry = geometry_of(*place.layer);
     lines.line(2, fmt::format("{}  ({}{}{})", full_name(map, place), kind_of(*place.layer),
@@ -112,8 +112,8 @@ std::string layers_view(const Tmxd_mxd& document, const std::string& name, bool 
 
 std::string sources_view(const Tmxd_mxd& document, const std::string& name, bool color) {
   Text_lines lines(color);
-  lines.line(0, lines.bold(on_one_line(name)));
-  Users sources;
+  lines.line(0, lines.bold(escape_controls(name)));
+  Usage_list sources;
   visit_layers(document, [&](const Tmxd_map& map, const Layer_place& place) {
     const Source source = source_of(*place.layer);
     if (!source.empty()) sources.add(source.text(), full_name(map, place));
@@ -124,13 +124,13 @@ std::string sources_view(const Tmxd_mxd& document, const std::string& name, bool
 
 std::string coordinate_systems_view(const Tmxd_mxd& document, const std::string& name, bool color) {
   Text_lines lines(color);
-  lines.line(0, lines.bold(on_one_line(name)));
-  Users systems;
+  lines.line(0, lines.bold(escape_controls(name)));
+  Usage_list systems;
   for (const auto& map : document.maps) {
     const auto* system = map->coordinate_system.get();
     if (!system) continue;
     systems.add(coordinate_system_name(*system),
-                fmt::format("Map \"{}\"", on_one_line(utf8(map->name))));
+                fmt::format("Map \"{}\"", escape_controls(utf8(map->name))));
   }
   visit_layers(document, [&](const Tmxd_map& map, const Layer_place& place) {
     const auto* system = coordinate_system_of(*place.layer);

@@ -5,8 +5,8 @@
 
 #include <string>
 
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/utf8.h"
 #include "symbology/symbol.h"
 
 namespace mxdinfo {
@@ -20,7 +20,7 @@ class Text_lines {
     out_.append(indent, ' ').append(text).append("\n");
   }
   void detail(std::size_t indent, std::string_view label, const std::string& text) {
-    if (!text.empty()) line(indent, fmt::format("{}: {}", label, on_one_line(text)));
+    if (!text.empty()) line(indent, fmt::format("{}: {}", label, escape_controls(text)));
   }
   std::string bold(std::string_view text) const {
     return color_ ? fmt::format("\x1b[1m{}\x1b[0m", text) : std::string(text);

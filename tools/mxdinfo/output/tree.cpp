@@ -1,6 +1,6 @@
 // A document as an indented tree, the way people know it from a table of contents.
 #include "core/number_text.h"
-#include "mxdinfo/facts/stored_before.h"
+#include "mxdinfo/facts/names_by_number.h"
 #include "mxdinfo/facts/symbol_text.h"
 #include "mxdinfo/output/text_views.h"
 
@@ -21,7 +21,7 @@ class Tree {
   Tree(bool color, bool symbols_alone) : lines_(color), symbols_alone_(symbols_alone) {}
 
   std::string text(const Tmxd_mxd& document, const std::string& name) {
-    lines_.line(0, lines_.bold(on_one_line(name)));
+    lines_.line(0, lines_.bold(escape_controls(name)));
     if (document.maps.empty()) lines_.line(2, "no maps");
     for (const auto& map : document.maps) append_map(*map);
     return lines_.take();
@@ -30,8 +30,8 @@ class Tree {
  private:
   void append_reference(std::size_t indent, std::string_view kind, const Tmxd_obj& object) {
     const std::string name =
-        stored_.name_of(object).value_or("number " + std::to_string(object.number));
-    lines_.line(indent, fmt::format("{} \"{}\" again", kind, on_one_line(name)));
+        names_.name_of(object).value_or("number " + std::to_string(object.number));
+    lines_.line(indent, fmt::format("{} \"{}\" again", kind, escape_controls(name)));
   }
 
   void append_map(const Tmxd_map& map) {
@@ -39,8 +39,8 @@ class Tree {
       append_reference(2, "Map", map);
       return;
     }
-    stored_.add(map, map.name);
-    lines_.line(2, fmt::format("Map \"{}\"", lines_.bold(on_one_line(utf8(map.name)))));
+    names_.add(map, map.name);
+    lines_.line(2, fmt::format("Map \"{}\"", lines_.bold(escape_controls(utf8(map.name)))));
     const auto* system = map.coordinate_system.get();
     if (system && !symbols_alone_) {
       lines_.detail(4, "coordinate system", coordinate_system_name(*system));
@@ -50,7 +50,7 @@ class Tree {
       if (place.layer->repeat) {
         append_reference(indent, "    Layer", *place.layer);
       } else {
-        stored_.add(*place.layer, place.layer->layer_name);
+        names_.add(*place.layer, place.layer->layer_name);
         append_layer(indent, *place.layer);
       }
     }
@@ -59,9 +59,9 @@ class Tree {
   void append_layer(std::size_t indent, const Tmxd_layer& layer) {
     const auto shown = visible(layer);
     const char* box = !shown ? "   " : *shown ? "[x]" : "[ ]";
-    lines_.line(indent,
-                fmt::format("{} {}  ({})", box, lines_.bold(on_one_line(utf8(layer.layer_name))),
-                            kind_text(layer)));
+    lines_.line(indent, fmt::format("{} {}  ({})", box,
+                                    lines_.bold(escape_controls(utf8(layer.layer_name))),
+                                    kind_text(layer)));
     if (!symbols_alone_) {
       lines_.detail(indent + 6, "data", source_of(layer).text());
       lines_.detail(indent + 6, "scales", scales_text(layer));
@@ -84,18 +84,18 @@ class Tree {
     const std::string label = utf8(item.label);
     const auto color = main_color(symbol);
     lines_.line(indent, fmt::format("{}{}  ({}{}{})", lines_.swatch(symbol),
-                                    label.empty() ? "-" : on_one_line(label), symbol_kind(symbol),
-                                    color ? ", " : "", color.value_or("")));
+                                    label.empty() ? "-" : escape_controls(label),
+                                    symbol_kind(symbol), color ? ", " : "", color.value_or("")));
     if (!symbols_alone_) return;
     for (const auto* part : symbol_layers(symbol)) {
-      lines_.line(indent + 2, fmt::format("{}{}", on_one_line(symbol_text(part)),
+      lines_.line(indent + 2, fmt::format("{}{}", escape_controls(symbol_text(part)),
                                           part && !part->enabled ? "  (off)" : ""));
     }
   }
 
   Text_lines lines_;
   bool symbols_alone_;
-  Stored_before stored_;
+  Names_by_number names_;
 };
 
 }  // namespace

@@ -6,9 +6,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/symbol_text.h"
-#include "mxdinfo/facts/utf8.h"
 
 namespace mxdinfo {
 namespace {
@@ -18,11 +18,11 @@ constexpr double swatch_height = 24;
 constexpr double margin = 2;
 
 std::string title_of(const mxd::Tmxd_symbol* symbol) {
-  constexpr std::size_t most_layers = 20;
+  constexpr std::size_t max_layers = 20;
   const auto layers = symbol_layers(symbol);
   std::string title;
   for (const auto* layer : layers) {
-    if (title.size() > most_layers * 100) break;
+    if (title.size() > max_layers * 100) break;
     if (!title.empty()) title += "; ";
     title += symbol_text(layer);
     if (layer && !layer->enabled) title += " (off)";
@@ -46,8 +46,8 @@ void draw(Canvas& canvas, const mxd::Tmxd_symbol* symbol, double scale) {
   } else if (dynamic_cast<const mxd::Tmxd_marker_symbol*>(symbol)) {
     draw_marker(canvas, symbol, {}, 0);
   } else if (dynamic_cast<const mxd::Tmxd_line_symbol*>(symbol)) {
-    const Way way{{{inside.x, 0}, {inside.x + inside.width, 0}}, false};
-    draw_line(canvas, symbol, way, 0);
+    const Path path{{{inside.x, 0}, {inside.x + inside.width, 0}}, false};
+    draw_line(canvas, symbol, path, 0);
   } else {
     draw_fill(canvas, symbol, inside, 0);
   }
@@ -67,44 +67,44 @@ std::string number(double value) {
   return text == "-0" ? "0" : text;
 }
 
-std::string paint(const mxd::Tmxd_color_slot& slot) {
+std::string color_or_none(const mxd::Tmxd_color_slot& slot) {
   return drawn_color(slot).value_or("none");
 }
 
-Way way_around(const Box& box) {
+Path path_around(const Box& box) {
   const double right = box.x + box.width;
   const double bottom = box.y + box.height;
   return {{{box.x, box.y}, {right, box.y}, {right, bottom}, {box.x, bottom}, {box.x, box.y}}, true};
 }
 
-double length_of(const Way& way) {
+double length_of(const Path& path) {
   double length = 0;
-  for (std::size_t i = 1; i < way.points.size(); ++i) {
-    length +=
-        std::hypot(way.points[i].x - way.points[i - 1].x, way.points[i].y - way.points[i - 1].y);
+  for (std::size_t i = 1; i < path.points.size(); ++i) {
+    length += std::hypot(path.points[i].x - path.points[i - 1].x,
+                         path.points[i].y - path.points[i - 1].y);
   }
   return length;
 }
 
-Mark mark_at(const Way& way, double distance) {
-  Mark mark;
-  for (std::size_t i = 1; i < way.points.size(); ++i) {
-    const Point from = way.points[i - 1];
-    const double x = way.points[i].x - from.x;
-    const double y = way.points[i].y - from.y;
+Pose pose_at(const Path& path, double distance) {
+  Pose pose;
+  for (std::size_t i = 1; i < path.points.size(); ++i) {
+    const Point from = path.points[i - 1];
+    const double x = path.points[i].x - from.x;
+    const double y = path.points[i].y - from.y;
     const double length = std::hypot(x, y);
     if (length == 0) continue;
     const double part = std::min(distance / length, 1.0);
-    mark = {{from.x + x * part, from.y + y * part}, std::atan2(-y, x) * 180 / std::numbers::pi};
+    pose = {{from.x + x * part, from.y + y * part}, std::atan2(-y, x) * 180 / std::numbers::pi};
     if (distance <= length) break;
     distance -= length;
   }
-  return mark;
+  return pose;
 }
 
 void Canvas::unknown(const Box& box, std::string_view title) {
   if (!open(R"(<g class="unknown">)")) return;
-  out_ += fmt::format("<title>{}</title>", in_markup(title));
+  out_ += fmt::format("<title>{}</title>", escape_html(title));
   out_ += fmt::format(R"(<rect x="{}" y="{}" width="{}" height="{}"/>)", number(box.x),
                       number(box.y), number(box.width), number(box.height));
   // Lines on which x and y, counted from the lower left corner, add up to the same.
@@ -136,7 +136,7 @@ std::string swatch_svg(const mxd::Tmxd_symbol* symbol) {
       R"(<svg class="swatch" role="img" width="64" height="32" viewBox="{} {} {} {}">)"
       "<title>{}</title>{}</svg>",
       number(-width / 2), number(-height / 2), number(width), number(height),
-      in_markup(title_of(symbol)), canvas.take());
+      escape_html(title_of(symbol)), canvas.take());
 }
 
 }  // namespace mxdinfo

@@ -23,25 +23,25 @@ struct Box {
 };
 
 // A line to draw along; the sides of an area run back to their start.
-struct Way {
+struct Path {
   std::vector<Point> points;
   bool closed = false;
 };
-Way way_around(const Box& box);
+Path path_around(const Box& box);
 
 // A place on a way, and the direction there in degrees, counter-clockwise.
-struct Mark {
+struct Pose {
   Point at;
   double angle = 0;
 };
-double length_of(const Way& way);
-Mark mark_at(const Way& way, double distance);
+double length_of(const Path& path);
+Pose pose_at(const Path& path, double distance);
 
 // What is drawn, within bounds: symbols nest and repeat each other, and a damaged document must not
 // make a page of gigabytes.
 class Canvas {
  public:
-  static constexpr int deepest = 8;
+  static constexpr int max_depth = 8;
 
   // One more symbol or part of one. False when there is no more room for any.
   bool step() { return left_ > 0 && steps_ > 0 && steps_-- > 0; }
@@ -73,12 +73,12 @@ class Canvas {
 double bounded(double value);
 std::string number(double value);
 // "none" for no color.
-std::string paint(const mxd::Tmxd_color_slot& slot);
+std::string color_or_none(const mxd::Tmxd_color_slot& slot);
 
 // Each draws a symbol of its family, an unknown part in place of anything else. The level counts
 // symbols within symbols.
-void draw_marker(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Mark& mark, int level);
-void draw_line(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Way& way, int level);
+void draw_marker(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Pose& pose, int level);
+void draw_line(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Path& path, int level);
 void draw_fill(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Box& box, int level);
 
 // How far from its point a marker reaches, and how wide a line with its offset is.

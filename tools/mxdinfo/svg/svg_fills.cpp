@@ -29,32 +29,32 @@ bool open_clip(Canvas& canvas, const Box& box) {
 }
 
 void draw_outline(Canvas& canvas, const Tmxd_symbol_slot& outline, const Box& box, int level) {
-  if (outline.get()) draw_line(canvas, outline.get(), way_around(box), level + 1);
+  if (outline.get()) draw_line(canvas, outline.get(), path_around(box), level + 1);
 }
 
 // Parallel lines across the box, from its middle to both sides.
 void draw_hatching(Canvas& canvas, const Tmxd_line_fill_symbol& symbol, const Box& box, int level) {
-  constexpr double closest = 1;
-  constexpr int most_lines = 100;
+  constexpr double min_distance = 1;
+  constexpr int max_lines = 100;
   const double reach = std::hypot(box.width, box.height) / 2;
-  const double step = std::max(std::abs(bounded(symbol.separation)), closest);
+  const double step = std::max(std::abs(bounded(symbol.separation)), min_distance);
   const double angle = bounded(symbol.angle) * std::numbers::pi / 180;
   const Point along{std::cos(angle), -std::sin(angle)};
   const Point middle{box.x + box.width / 2, box.y + box.height / 2};
   const double first = std::fmod(bounded(symbol.offset), step);
-  const int half = std::min(static_cast<int>(reach / step) + 1, most_lines / 2);
+  const int half = std::min(static_cast<int>(reach / step) + 1, max_lines / 2);
   for (int i = -half; i <= half; ++i) {
     const double aside = first + i * step;
     const Point at{middle.x - aside * along.y, middle.y + aside * along.x};
-    const Way way{{{at.x - reach * along.x, at.y - reach * along.y},
-                   {at.x + reach * along.x, at.y + reach * along.y}},
-                  false};
-    draw_line(canvas, symbol.pattern.get(), way, level + 1);
+    const Path path{{{at.x - reach * along.x, at.y - reach * along.y},
+                     {at.x + reach * along.x, at.y + reach * along.y}},
+                    false};
+    draw_line(canvas, symbol.pattern.get(), path, level + 1);
   }
 }
 
 // Spread without order, but alike on every page.
-class Spread {
+class Jitter {
  public:
   double next() {
     state_ = state_ * 1664525U + 1013904223U;
@@ -67,20 +67,20 @@ class Spread {
 
 void draw_markers(Canvas& canvas, const Tmxd_marker_fill_symbol& symbol, const Box& box,
                   int level) {
-  constexpr double closest = 3;
-  const double step_x = std::max(std::abs(bounded(symbol.separation_x)), closest);
-  const double step_y = std::max(std::abs(bounded(symbol.separation_y)), closest);
+  constexpr double min_distance = 3;
+  const double step_x = std::max(std::abs(bounded(symbol.separation_x)), min_distance);
+  const double step_y = std::max(std::abs(bounded(symbol.separation_y)), min_distance);
   const double first_x = std::fmod(bounded(symbol.offset_x), step_x) + box.width / 2;
   const double first_y = std::fmod(-bounded(symbol.offset_y), step_y) + box.height / 2;
   const auto columns = static_cast<int>(std::ceil(box.width / step_x)) + 2;
   const auto rows = static_cast<int>(std::ceil(box.height / step_y)) + 2;
   const double left = box.x + first_x - std::ceil(first_x / step_x) * step_x;
   const double top = box.y + first_y - std::ceil(first_y / step_y) * step_y;
-  Spread spread;
+  Jitter jitter;
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
       Point at{left + column * step_x, top + row * step_y};
-      if (symbol.random) at = {at.x + spread.next() * step_x, at.y + spread.next() * step_y};
+      if (symbol.random) at = {at.x + jitter.next() * step_x, at.y + jitter.next() * step_y};
       draw_marker(canvas, symbol.marker_slot.get(), {at, 0}, level + 1);
     }
   }
@@ -95,7 +95,7 @@ void draw_picture(Canvas& canvas, const Box& box) {
 void draw_fill(Canvas& canvas, const Tmxd_symbol* symbol, const Box& box, int level) {
   if (!canvas.step()) return;
   if (const auto* simple = dynamic_cast<const Tmxd_simple_fill_symbol*>(symbol)) {
-    fill_box(canvas, box, paint(simple->color_slot));
+    fill_box(canvas, box, color_or_none(simple->color_slot));
     draw_outline(canvas, simple->outline, box, level);
   } else if (const auto* lines = dynamic_cast<const Tmxd_line_fill_symbol*>(symbol)) {
     if (open_clip(canvas, box)) {

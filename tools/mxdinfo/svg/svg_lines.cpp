@@ -15,26 +15,26 @@ namespace {
 using namespace mxd;
 
 // More repetitions than the eye can count would say nothing.
-constexpr int most_marks = 60;
-constexpr double shortest_pattern = 0.5;
+constexpr int max_poses = 60;
+constexpr double min_pattern = 0.5;
 
-std::string path_data(const Way& way) {
+std::string path_data(const Path& path) {
   std::string d;
-  for (const Point& point : way.points) {
+  for (const Point& point : path.points) {
     d += fmt::format("{}{} {}", d.empty() ? "M" : "L", number(point.x), number(point.y));
   }
-  return way.closed ? d + "Z" : d;
+  return path.closed ? d + "Z" : d;
 }
 
 // Positive is to the left of the way. The sides of an area stay where they are.
-Way shifted(Way way, double offset) {
-  if (way.closed || way.points.size() != 2 || offset == 0) return way;
-  const double angle = mark_at(way, 0).angle * std::numbers::pi / 180;
-  for (Point& point : way.points) {
+Path shifted(Path path, double offset) {
+  if (path.closed || path.points.size() != 2 || offset == 0) return path;
+  const double angle = pose_at(path, 0).angle * std::numbers::pi / 180;
+  for (Point& point : path.points) {
     point.x -= bounded(offset) * std::sin(angle);
     point.y -= bounded(offset) * std::cos(angle);
   }
-  return way;
+  return path;
 }
 
 double pattern_length(const Tmxd_line_template& line_template) {
@@ -46,14 +46,14 @@ double pattern_length(const Tmxd_line_template& line_template) {
 }
 
 bool has_pattern(const Tmxd_line_template& line_template) {
-  return line_template.exists && pattern_length(line_template) >= shortest_pattern;
+  return line_template.exists && pattern_length(line_template) >= min_pattern;
 }
 
 std::string dashes_of(const Tmxd_line_template& line_template) {
-  constexpr std::size_t most_dashes = 100;
+  constexpr std::size_t max_dashes = 100;
   if (!has_pattern(line_template)) return {};
   std::string lengths;
-  const std::size_t count = std::min(line_template.items.size(), most_dashes);
+  const std::size_t count = std::min(line_template.items.size(), max_dashes);
   for (std::size_t i = 0; i < count; ++i) {
     const auto& item = line_template.items[i];
     const double unit = line_template.pattern_interval;
@@ -64,21 +64,21 @@ std::string dashes_of(const Tmxd_line_template& line_template) {
 }
 
 // The middle of each filled part of the pattern, without one at even distances.
-std::vector<Mark> marks_along(const Way& way, const Tmxd_line_template& line_template,
+std::vector<Pose> poses_along(const Path& path, const Tmxd_line_template& line_template,
                               double distance) {
-  std::vector<Mark> marks;
-  const double end = length_of(way);
+  std::vector<Pose> poses;
+  const double end = length_of(path);
   const auto place = [&](double at) {
-    if (at <= end && marks.size() < most_marks) marks.push_back(mark_at(way, at));
+    if (at <= end && poses.size() < max_poses) poses.push_back(pose_at(path, at));
   };
   if (!has_pattern(line_template)) {
     const double step = std::max(distance, 1.0);
-    for (int i = 0; i < most_marks; ++i) place((i + 0.5) * step);
-    return marks;
+    for (int i = 0; i < max_poses; ++i) place((i + 0.5) * step);
+    return poses;
   }
   const double unit = bounded(line_template.pattern_interval);
   double at = 0;
-  while (at < end && marks.size() < most_marks) {
+  while (at < end && poses.size() < max_poses) {
     for (const auto& item : line_template.items) {
       const double filled = std::max(0.0, bounded(item.filled)) * unit;
       if (filled > 0) place(at + filled / 2);
@@ -86,13 +86,14 @@ std::vector<Mark> marks_along(const Way& way, const Tmxd_line_template& line_tem
       if (at >= end) break;
     }
   }
-  return marks;
+  return poses;
 }
 
-void stroke(Canvas& canvas, const Way& way, const Tmxd_color_slot& color, double width,
+void stroke(Canvas& canvas, const Path& path, const Tmxd_color_slot& color, double width,
             std::string_view more) {
   canvas.add(fmt::format(R"(<path d="{}" fill="none" stroke="{}" stroke-width="{}"{}/>)",
-                         path_data(way), paint(color), number(std::max(0.0, width)), more));
+                         path_data(path), color_or_none(color), number(std::max(0.0, width)),
+                         more));
 }
 
 std::string style_dashes(const Tmxd_simple_line_symbol& symbol) {
@@ -103,35 +104,36 @@ std::string style_dashes(const Tmxd_simple_line_symbol& symbol) {
   return fmt::format(R"( stroke-dasharray="{}")", patterns[style]);
 }
 
-void draw_simple(Canvas& canvas, const Tmxd_simple_line_symbol& symbol, const Way& way) {
+void draw_simple(Canvas& canvas, const Tmxd_simple_line_symbol& symbol, const Path& path) {
   constexpr std::int32_t invisible = 5;
   if (symbol.line_type == invisible) return;
-  stroke(canvas, way, symbol.color_slot, symbol.width, style_dashes(symbol));
+  stroke(canvas, path, symbol.color_slot, symbol.width, style_dashes(symbol));
 }
 
 // The ends of a line and its corners, as both are numbered.
-std::string ends(std::int32_t cap, std::int32_t join) {
+std::string cap_and_join(std::int32_t cap, std::int32_t join) {
   const char* cap_name = cap == 1 ? "round" : cap == 2 ? "square" : "butt";
   const char* join_name = join == 1 ? "round" : join == 2 ? "bevel" : "miter";
   return fmt::format(R"( stroke-linecap="{}" stroke-linejoin="{}")", cap_name, join_name);
 }
 
 void draw_decoration(Canvas& canvas, const Tmxd_simple_line_decoration_element& element,
-                     const Way& way, int level) {
-  int left = most_marks;
+                     const Path& path, int level) {
+  int left = max_poses;
   for (std::size_t i = 0; i < element.positions.size() && left-- > 0; ++i) {
-    Mark mark = mark_at(way, std::clamp(bounded(element.positions[i]), 0.0, 1.0) * length_of(way));
-    if (element.unfixed_angle) mark.angle = 0;
-    if (element.flip_all || (element.flip_first && i == 0)) mark.angle += 180;
-    draw_marker(canvas, element.marker.get(), mark, level + 1);
+    Pose pose =
+        pose_at(path, std::clamp(bounded(element.positions[i]), 0.0, 1.0) * length_of(path));
+    if (element.unfixed_angle) pose.angle = 0;
+    if (element.flip_all || (element.flip_first && i == 0)) pose.angle += 180;
+    draw_marker(canvas, element.marker.get(), pose, level + 1);
   }
 }
 
-void draw_cartographic(Canvas& canvas, const Tmxd_cartographic_line_symbol& symbol, const Way& way,
-                       int level) {
-  const Way moved = shifted(way, symbol.offset);
+void draw_cartographic(Canvas& canvas, const Tmxd_cartographic_line_symbol& symbol,
+                       const Path& path, int level) {
+  const Path moved = shifted(path, symbol.offset);
   stroke(canvas, moved, symbol.color_slot, symbol.width,
-         ends(symbol.cap, symbol.join) + dashes_of(symbol.line_template));
+         cap_and_join(symbol.cap, symbol.join) + dashes_of(symbol.line_template));
   for (const auto& item : symbol.line_decoration.elements) {
     const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item.get());
     if (element) draw_decoration(canvas, *element, moved, level);
@@ -139,15 +141,15 @@ void draw_cartographic(Canvas& canvas, const Tmxd_cartographic_line_symbol& symb
 }
 
 // Short lines across the way, each drawn by the symbol's own line.
-void draw_hashes(Canvas& canvas, const Tmxd_hash_line_symbol& symbol, const Way& way, int level) {
+void draw_hashes(Canvas& canvas, const Tmxd_hash_line_symbol& symbol, const Path& path, int level) {
   constexpr double distance = 4;
   const double half = std::abs(bounded(symbol.width)) / 2;
-  for (const Mark& mark :
-       marks_along(shifted(way, symbol.offset), symbol.line_template, distance)) {
-    const double angle = (mark.angle + bounded(symbol.angle)) * std::numbers::pi / 180;
+  for (const Pose& pose :
+       poses_along(shifted(path, symbol.offset), symbol.line_template, distance)) {
+    const double angle = (pose.angle + bounded(symbol.angle)) * std::numbers::pi / 180;
     const double x = half * std::cos(angle);
     const double y = half * std::sin(angle);
-    const Way hash{{{mark.at.x - x, mark.at.y + y}, {mark.at.x + x, mark.at.y - y}}, false};
+    const Path hash{{{pose.at.x - x, pose.at.y + y}, {pose.at.x + x, pose.at.y - y}}, false};
     if (symbol.line_slot.get()) {
       draw_line(canvas, symbol.line_slot.get(), hash, level + 1);
     } else {
@@ -156,47 +158,47 @@ void draw_hashes(Canvas& canvas, const Tmxd_hash_line_symbol& symbol, const Way&
   }
 }
 
-void draw_markers(Canvas& canvas, const Tmxd_marker_line_symbol& symbol, const Way& way,
+void draw_markers(Canvas& canvas, const Tmxd_marker_line_symbol& symbol, const Path& path,
                   int level) {
   const Tmxd_symbol* marker = symbol.pattern_marker.get();
   const double distance = 3 * marker_reach(marker, 0);
-  for (const Mark& mark :
-       marks_along(shifted(way, symbol.offset), symbol.line_template, distance)) {
-    draw_marker(canvas, marker, mark, level + 1);
+  for (const Pose& pose :
+       poses_along(shifted(path, symbol.offset), symbol.line_template, distance)) {
+    draw_marker(canvas, marker, pose, level + 1);
   }
 }
 
-Box box_of(const Way& way) {
+Box box_of(const Path& path) {
   constexpr double half = 3;
-  const Point middle = mark_at(way, length_of(way) / 2).at;
-  const double width = std::clamp(length_of(way), 2 * half, 40.0);
+  const Point middle = pose_at(path, length_of(path) / 2).at;
+  const double width = std::clamp(length_of(path), 2 * half, 40.0);
   return {middle.x - width / 2, middle.y - half, width, 2 * half};
 }
 
 }  // namespace
 
-void draw_line(Canvas& canvas, const Tmxd_symbol* symbol, const Way& way, int level) {
+void draw_line(Canvas& canvas, const Tmxd_symbol* symbol, const Path& path, int level) {
   if (!canvas.step()) return;
-  if (!dynamic_cast<const Tmxd_line_symbol*>(symbol) || level > Canvas::deepest) {
-    canvas.unknown(box_of(way), symbol ? "not drawn: no line" : "no line was read");
+  if (!dynamic_cast<const Tmxd_line_symbol*>(symbol) || level > Canvas::max_depth) {
+    canvas.unknown(box_of(path), symbol ? "not drawn: no line" : "no line was read");
   } else if (const auto* simple = dynamic_cast<const Tmxd_simple_line_symbol*>(symbol)) {
-    draw_simple(canvas, *simple, way);
+    draw_simple(canvas, *simple, path);
   } else if (const auto* line = dynamic_cast<const Tmxd_cartographic_line_symbol*>(symbol)) {
-    draw_cartographic(canvas, *line, way, level);
+    draw_cartographic(canvas, *line, path, level);
   } else if (const auto* hash = dynamic_cast<const Tmxd_hash_line_symbol*>(symbol)) {
-    draw_hashes(canvas, *hash, way, level);
+    draw_hashes(canvas, *hash, path, level);
   } else if (const auto* markers = dynamic_cast<const Tmxd_marker_line_symbol*>(symbol)) {
-    draw_markers(canvas, *markers, way, level);
+    draw_markers(canvas, *markers, path, level);
   } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
     for (std::size_t i = layers->line_symbols.size(); i-- > 0;) {
       const Tmxd_symbol& layer = layers->line_symbols[i];
-      if (layer.enabled) draw_line(canvas, &layer, way, level + 1);
+      if (layer.enabled) draw_line(canvas, &layer, path, level + 1);
     }
   }
 }
 
 double line_reach(const Tmxd_symbol* symbol, int level) {
-  if (!symbol || level > Canvas::deepest) return 0;
+  if (!symbol || level > Canvas::max_depth) return 0;
   if (const auto* layers = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
     double reach = 0;
     for (const auto& layer : layers->line_symbols) {

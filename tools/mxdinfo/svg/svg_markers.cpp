@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/svg/svg.h"
 #include "symbology/marker_symbols.h"
 
@@ -25,7 +25,7 @@ std::string strokes(std::string_view d, std::string_view color, double width) {
 
 std::string outline_of(const Tmxd_simple_marker_symbol& symbol) {
   if (!symbol.outline_flag) return {};
-  return fmt::format(R"( stroke="{}" stroke-width="{}")", paint(symbol.outline_color),
+  return fmt::format(R"( stroke="{}" stroke-width="{}")", color_or_none(symbol.outline_color),
                      number(std::max(symbol.outline_width, 0.0)));
 }
 
@@ -33,17 +33,18 @@ std::string outline_of(const Tmxd_simple_marker_symbol& symbol) {
 void draw_strokes(Canvas& canvas, const Tmxd_simple_marker_symbol& symbol, std::string_view d) {
   constexpr double width = 1;
   if (symbol.outline_flag) {
-    canvas.add(strokes(d, paint(symbol.outline_color),
+    canvas.add(strokes(d, color_or_none(symbol.outline_color),
                        width + 2 * bounded(std::max(symbol.outline_width, 0.0))));
   }
-  canvas.add(strokes(d, paint(symbol.color), width));
+  canvas.add(strokes(d, color_or_none(symbol.color), width));
 }
 
 void draw_simple(Canvas& canvas, const Tmxd_simple_marker_symbol& symbol) {
   const double half = std::abs(bounded(symbol.size)) / 2;
   const std::string h = number(half);
   const std::string whole = number(2 * half);
-  const std::string look = fmt::format(R"(fill="{}"{})", paint(symbol.color), outline_of(symbol));
+  const std::string look =
+      fmt::format(R"(fill="{}"{})", color_or_none(symbol.color), outline_of(symbol));
   switch (symbol.simple_marker_style) {
     case 0:
       canvas.add(fmt::format(R"(<circle r="{}" {}/>)", h, look));
@@ -76,7 +77,7 @@ std::string font_family(const std::string& name) {
     if (plain) safe += c;
   }
   if (!safe.empty()) safe = "'" + safe + "', ";
-  return in_markup(safe).append("'Segoe UI Symbol', 'Noto Sans Symbols', sans-serif");
+  return escape_html(safe).append("'Segoe UI Symbol', 'Noto Sans Symbols', sans-serif");
 }
 
 // What a page may hold as a character.
@@ -97,7 +98,7 @@ void draw_character(Canvas& canvas, const Tmxd_char_marker_symbol& symbol) {
                                  symbol.font.weight >= 600 ? R"( font-weight="bold")" : "");
   canvas.add(fmt::format(R"(<text text-anchor="middle" dominant-baseline="central" )"
                          R"(font-family="{}" font-size="{}" fill="{}"{}>&#{};</text>)",
-                         font_family(font), number(size), paint(symbol.color_slot), style,
+                         font_family(font), number(size), color_or_none(symbol.color_slot), style,
                          symbol.unicode));
 }
 
@@ -105,7 +106,7 @@ void draw_arrow(Canvas& canvas, const Tmxd_arrow_marker_symbol& symbol) {
   const double length = std::abs(bounded(symbol.size));
   const double width = std::abs(bounded(symbol.width));
   canvas.add(fmt::format(R"(<path d="M{0} 0L-{0} {1}V-{1}Z" fill="{2}"/>)", number(length / 2),
-                         number(width / 2), paint(symbol.color_slot)));
+                         number(width / 2), color_or_none(symbol.color_slot)));
 }
 
 // Where a layer stands: moved first, then turned.
@@ -163,11 +164,11 @@ double size_of(const Tmxd_symbol& symbol) {
 
 }  // namespace
 
-void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Mark& mark, int level) {
+void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Pose& pose, int level) {
   if (!canvas.step()) return;
-  const std::string moved = transform_of({mark.at.x, -mark.at.y, mark.angle});
+  const std::string moved = transform_of({pose.at.x, -pose.at.y, pose.angle});
   if (!canvas.open(moved.empty() ? "<g>" : fmt::format(R"(<g transform="{}">)", moved))) return;
-  if (!symbol || !dynamic_cast<const Tmxd_marker_symbol*>(symbol) || level > Canvas::deepest) {
+  if (!symbol || !dynamic_cast<const Tmxd_marker_symbol*>(symbol) || level > Canvas::max_depth) {
     canvas.unknown(box_around(8), symbol ? "not drawn: no marker" : "no marker was read");
   } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
     for (std::size_t i = layers->marker_symbols.size(); i-- > 0;) {
@@ -187,7 +188,7 @@ void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Mark& mark, in
 }
 
 double marker_reach(const Tmxd_symbol* symbol, int level) {
-  if (!symbol || level > Canvas::deepest) return 0;
+  if (!symbol || level > Canvas::max_depth) return 0;
   if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
     double reach = 0;
     for (const auto& layer : layers->marker_symbols) {

@@ -7,11 +7,11 @@
 #include <string>
 
 #include "core/tmxd_obj.h"
-#include "mxdinfo/facts/utf8.h"
+#include "mxdinfo/facts/display_text.h"
 
 namespace mxdinfo {
 
-class Stored_before {
+class Names_by_number {
  public:
   void add(const mxd::Tmxd_obj& object, const mxd::Wide_string& name) {
     if (!object.repeat) names_.emplace(object.number, utf8(name));
