@@ -34,9 +34,13 @@ bool Tmxd_feature_layer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit
 }
 
 bool Tmxd_feature_layer::read_drawing(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  return renderer.read(stream, limit) && renderer.get() && read_behind_renderer(stream, limit) &&
-         read_wide_string(stream, str1) && read_number(stream, min_scale) &&
-         read_number(stream, max_scale);
+  if (!(renderer.read(stream, limit) && renderer.get() && read_behind_renderer(stream, limit) &&
+        read_wide_string(stream, str1) && read_number(stream, min_scale) &&
+        read_number(stream, max_scale))) {
+    return false;
+  }
+  scales_end = static_cast<std::int64_t>(stream.tell());
+  return true;
 }
 
 bool Tmxd_feature_layer::read_behind_renderer(Tmxd_mxd_stream& stream, std::int64_t limit) {

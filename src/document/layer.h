@@ -47,6 +47,8 @@ class Tmxd_feature_layer final : public Persisted_class<Tmxd_feature_layer, Tmxd
   // Stands behind a simple renderer only; shown nowhere.
   Byte_run simple_renderer_bytes;
   Wide_string str1;
+  // Where max_scale ends in the stream, or -1 if it was not read. Shown nowhere.
+  std::int64_t scales_end = -1;
   Tmxd_coordinate_system_slot coordinate_system;
 
  protected:

@@ -48,9 +48,13 @@ void Tmxd_ranges::describe(Field_writer& writer) const {
 }
 
 bool Tmxd_class_breaks_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  return read_wide_string(stream, propname) && read_wide_string(stream, wstr2) &&
-         ranges.read(stream) && read_bytes(stream, 8, bytes1) &&
-         read_object(main_leg_grp, stream, -1, limit);
+  if (!(read_wide_string(stream, propname) && read_wide_string(stream, wstr2) &&
+        ranges.read(stream) && read_bytes(stream, 8, bytes1) &&
+        read_object(main_leg_grp, stream, -1, limit))) {
+    return false;
+  }
+  legend_end = static_cast<std::int64_t>(stream.tell());
+  return true;
 }
 
 void Tmxd_class_breaks_renderer::describe(Field_writer& writer) const {

@@ -40,6 +40,8 @@ class Tmxd_class_breaks_renderer final
   Tmxd_ranges ranges;
   Byte_run bytes1;
   Tmxd_legend_group main_leg_grp;
+  // Where main_leg_grp ends in the stream, or -1 if it was not read. Shown nowhere.
+  std::int64_t legend_end = -1;
 
  protected:
   void describe(Field_writer& writer) const override;
