@@ -134,7 +134,7 @@ class Section {
   }
   void close_details() {
     if (out_.size() == details_at_) {
-      out_.resize(details_at_ - std::string_view("<dl>").size());
+      out_.erase(details_at_ - std::string_view("<dl>").size());
     } else {
       out_ += "</dl>\n";
     }
