@@ -17,10 +17,18 @@ class Formats(Case):
         self.assertEqual([], schema_errors([document]))
         lossy = self.json_of(self.write("lossy.mxd", documents.lossy_document()))
         self.assertEqual([], schema_errors(lossy))
-        self.assertEqual(["mxd_feature_layer"], [e["type"] for e in lossy["errors"]])
+        self.assertEqual([("layer", "mxd_feature_layer")],
+                         [(loss["what"], loss["type"]) for loss in lossy["losses"]])
         bad = self.json_of(self.write("bad.mxd", b"bad"), code=1)
         self.assertEqual([], schema_errors(bad))
         self.assertFalse(bad["readable"])
+
+    def test_the_schema_allows_fields_to_be_added_everywhere(self):
+        def extend(value):
+            if isinstance(value, dict):
+                return {**{key: extend(item) for key, item in value.items()}, "added": 1}
+            return [extend(item) for item in value] if isinstance(value, list) else value
+        self.assertEqual([], schema_errors(extend(self.json_of(SAMPLE))))
 
     def test_the_schema_refuses_what_is_not_described(self):
         document = self.json_of(SAMPLE)
@@ -31,21 +39,42 @@ class Formats(Case):
 
     def test_json_has_what_the_sample_was_made_of(self):
         maps = self.json_of(SAMPLE)["maps"]
-        self.assertEqual(["Layers", "Inset", None], [m.get("name") for m in maps])
-        self.assertEqual("Layers", maps[2]["repeats"])
-        rivers = maps[0]["layers"][1]
-        self.assertEqual((["Base map"], True, 500000.0), (
-            rivers["groups"], rivers["visible"], rivers["min_scale"]))
-        water = rivers["renderer"]["legend"]["classes"][0]["symbol"]["layers"][1]
-        self.assertEqual(("water", 1, 2, 1.5), (
+        self.assertEqual(["Layers", "Inset"], [m["name"] for m in maps])
+        layers = {layer["name"]: layer for layer in maps[0]["layers"]}
+        self.assertEqual([None, 0, 0, None, None, None], [v["parent"] for v in layers.values()])
+        rivers = layers["Rivers & canals"]
+        self.assertEqual((True, 500000.0, 10000.0, "NAME"), tuple(
+            rivers[key] for key in ("visible", "min_scale", "max_scale", "display_field")))
+        self.assertEqual((None, None), (layers["Towns"]["min_scale"], layers["Towns"]["max_scale"]))
+        water = rivers["renderer"]["classes"][0]["symbol"]["layers"][1]
+        self.assertEqual(("water", "round", "bevel", 1.5), (
             water["tag"], water["cap"], water["join"], water["template"]["interval"]))
-        towns = maps[0]["layers"][3]
-        self.assertEqual(["KIND", "PORT", "SIZE"], towns["renderer"]["fields"])
-        self.assertEqual(["capital,yes,9", "town,no,5"],
-                         [v["value"] for v in towns["renderer"]["values"]])
-        self.assertEqual("Settlements", towns["feature_class"]["feature_dataset"])
-        land_use = maps[0]["layers"][4]["renderer"]
-        self.assertEqual({"min": 10.0, "max": 50.0}, land_use["ranges"][1])
+
+    def test_the_sources_of_the_sample(self):
+        keys = ("kind", "workspace", "feature_dataset", "dataset", "path", "relative")
+        sources = [layer["source"] for layer in self.json_of(SAMPLE)["maps"][0]["layers"]]
+        self.assertEqual([
+            ("shapefile", "C:\\data\\base", None, "rivers", "C:\\data\\base\\rivers.shp", False),
+            ("raster", "C:\\data\\rasters", None, "relief.tif", "C:\\data\\rasters\\relief.tif",
+             False),
+            ("file_geodatabase", "C:\\data\\town.gdb", "Settlements", "towns",
+             "C:\\data\\town.gdb\\Settlements\\towns", False),
+            ("shapefile", "C:\\data\\base", None, "landuse", "C:\\data\\base\\landuse.shp", False),
+        ], [tuple(source[key] for key in keys) for source in sources if source])
+
+    def test_the_legends_of_the_sample(self):
+        keys = ("heading", "label", "all_other_values", "values", "min", "max")
+        legends = [[tuple(entry[key] for key in keys) for entry in layer["renderer"]["classes"]]
+                   for layer in self.json_of(SAMPLE)["maps"][0]["layers"] if layer["renderer"]]
+        self.assertEqual([
+            [(None, "River", False, [], None, None)],
+            [("Other", "other places", True, [], None, None),
+             ("Kind, port", "Capital", False, [["capital", "yes", "9"]], None, None),
+             ("Kind, port", "Town", False, [["town", "no", "5"]], None, None)],
+            [("Share of woods", "little", False, [], 0.0, 10.0),
+             ("Share of woods", "some", False, [], 10.0, 50.0),
+             ("Share of woods", "much", False, [], 50.0, 100.0)],
+        ], legends)
 
     def test_one_document_is_an_object_and_several_are_an_array(self):
         self.write("one.mxd", documents.document("one"))
@@ -107,7 +136,7 @@ class Samples(Case):
     def check(self, row, path):
         document = self.json_of(path)
         self.assertEqual([], schema_errors(document))
-        self.assertEqual(int(row["errors"]), len(document["errors"]))
+        self.assertEqual(int(row["errors"]), len(document["losses"]))
         rows = list(csv.reader(io.StringIO(self.run_mxdinfo("-q", "-f", "csv", path)[0])))
         layers = sum(int(row[kind]) for kind in ("feature", "group", "raster", "graphics"))
         self.assertEqual([len(rows[0])] * (layers + 1), [len(r) for r in rows])

@@ -67,9 +67,10 @@ class Hostile_names(Case):
             document = self.json_of(path)
             self.assertEqual([], schema_errors(document))
             layer = document["maps"][0]["layers"][1]
-            legend = layer["renderer"]["legend"]
-            texts = (layer["name"], layer["groups"][0], layer["workspace"], legend["heading"],
-                     legend["classes"][0]["label"], legend["classes"][0]["symbol"]["font_name"])
+            entry = layer["renderer"]["classes"][0]
+            group = document["maps"][0]["layers"][layer["parent"]]
+            texts = (layer["name"], group["name"], layer["source"]["workspace"], entry["heading"],
+                     entry["label"], entry["symbol"]["font_name"])
             self.assertEqual({replaced(name)}, set(texts))
             line = self.run_mxdinfo("-f", "ndjson", path)[0]
             self.assertEqual((1, document), (line.count("\n"), json.loads(line)))

@@ -79,13 +79,8 @@ class Page(html.parser.HTMLParser):
 
 def legend_classes(document):
     """How many classes the legends of a document's JSON have."""
-    count = 0
-    for map_ in document["maps"]:
-        for layer in map_.get("layers", []):
-            renderer = layer.get("renderer") or {}
-            for legend in (renderer.get("legend"), renderer.get("other_legend")):
-                count += len(legend["classes"]) if legend else 0
-    return count
+    layers = [layer for map_ in document["maps"] for layer in map_["layers"]]
+    return sum(len(layer["renderer"]["classes"]) for layer in layers if layer["renderer"])
 
 
 def schema_errors(document):

@@ -103,8 +103,10 @@ class Sample {
 
   // A symbol for each pair of values.
   Bytes towns() {
-    const Packed values{2, "capital,yes,9", 10, 11, 12, "town,no,5", -1, -1, 2, "passed over"};
-    const Packed names{3, "KIND", run(3), "PORT", "SIZE", run(10)};
+    // Each with the index of its legend group and of its class in it.
+    const Packed values{2, "capital, yes, 9", 1, 0, 0, "town, no, 5", 1, 1, 0};
+    const Bytes separator = Bytes().i32(6).u16(',').u16(' ').u16(0);
+    const Packed names{3, "KIND", run(3), "PORT", "SIZE", separator};
     const Packed other{
         symbols_.simple_marker(), -1,
         legend_group("Other", {legend_class("other places", symbols_.simple_marker())})};

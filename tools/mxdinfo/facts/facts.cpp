@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
 
 #include "mxdinfo/facts/display_text.h"
 #include "rendering/class_breaks_renderer.h"
@@ -170,6 +171,19 @@ std::string coordinate_system_name(const Tmxd_coordinate_system& system) {
   return isolated ? utf8_of_narrow(wkt.substr(begin + 1, end - begin - 1)) : "unknown";
 }
 
+// The authority of the whole system is the last thing in its text, before it closes.
+std::optional<int> epsg_code(const Tmxd_coordinate_system& system) {
+  constexpr std::string_view key = "AUTHORITY[\"EPSG\",";
+  const std::string_view wkt = system.get_wkt();
+  const std::size_t at = wkt.rfind(key);
+  if (at == wkt.npos) return std::nullopt;
+  const std::string_view rest = wkt.substr(at + key.size());
+  int code = 0;
+  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), code);
+  const bool closed = rest.substr(static_cast<std::size_t>(end - rest.data())) == "]]";
+  return error == std::errc() && closed && code > 0 ? std::optional(code) : std::nullopt;
+}
+
 const Tmxd_renderer* renderer_of(const Tmxd_layer& layer) {
   const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
   return feature ? feature->renderer.get() : nullptr;
@@ -209,7 +223,7 @@ std::vector<const Tmxd_legend_group*> legend_groups(const Tmxd_renderer& rendere
     return {&simple->legend_group};
   }
   if (const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer)) {
-    return {&unique->main_leg_grp, &unique->other_leg_grp};
+    return {&unique->other_leg_grp, &unique->main_leg_grp};
   }
   if (const auto* breaks = dynamic_cast<const Tmxd_class_breaks_renderer*>(&renderer)) {
     return {&breaks->main_leg_grp};

@@ -56,6 +56,8 @@ const mxd::Tmxd_coordinate_system* coordinate_system_of(const mxd::Tmxd_layer& l
 std::string coordinate_system_name(const mxd::Tmxd_coordinate_system& system);
 // Well-known text, or what an unknown coordinate system has in its place.
 std::string coordinate_system_text(const mxd::Tmxd_coordinate_system& system);
+// Nothing where the text states no EPSG code for the whole system.
+std::optional<int> epsg_code(const mxd::Tmxd_coordinate_system& system);
 
 // Null where the layer has none.
 const mxd::Tmxd_renderer* renderer_of(const mxd::Tmxd_layer& layer);

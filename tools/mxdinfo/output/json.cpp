@@ -1,177 +1,138 @@
 // Everything that a document says, for programs. docs/mxdinfo.schema.json states the form.
+#include <cmath>
+#include <map>
+
 #include "mxdinfo/cli/options.h"
+#include "mxdinfo/facts/data_source.h"
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/names_by_number.h"
+#include "mxdinfo/facts/loss_words.h"
 #include "mxdinfo/output/json_parts.h"
 #include "mxdinfo/output/report_writer.h"
-#include "rendering/class_breaks_renderer.h"
-#include "rendering/simple_renderer.h"
-#include "rendering/unique_value_renderer.h"
 
 namespace mxdinfo {
 namespace {
 
 using namespace mxd;
 
-constexpr int schema_version = 1;
-
-Json text_or_null(std::string_view text) {
-  return text.empty() ? Json(nullptr) : Json(text);
-}
+constexpr int schema_version = 2;
 
 Json coordinate_system_json(const Tmxd_coordinate_system* system) {
   if (!system) return nullptr;
-  Json json = {{"class", system->type_name()},
-               {"name", coordinate_system_name(*system)},
-               {"wkt", utf8_of_narrow(system->get_wkt())}};
-  if (dynamic_cast<const Tmxd_unknown_coordinate_system*>(system)) {
-    json["text"] = coordinate_system_text(*system);
-  }
-  return json;
+  const std::string_view type = system->type_name();
+  const bool wkt_text = type != Tmxd_unknown_coordinate_system::type;
+  const auto epsg = epsg_code(*system);
+  return {{"kind", type == Tmxd_geographic_coordinate_system::type  ? "geographic"
+                   : type == Tmxd_projected_coordinate_system::type ? "projected"
+                                                                    : "unknown"},
+          {"name", coordinate_system_name(*system)},
+          {"epsg", epsg ? Json(*epsg) : Json(nullptr)},
+          {"wkt", text_or_null(utf8_of_narrow(system->get_wkt()))},
+          {"text", wkt_text ? Json(nullptr) : text_or_null(coordinate_system_text(*system))}};
 }
 
-Json feature_class_json(const Tmxd_basic_feature_class_name* name) {
-  if (!name) return nullptr;
-  const auto& dataset = name->feature_dataset_name;
-  return {{"class", name->type_name()},
-          {"name", utf8(name->name)},
-          {"type_name1", utf8(name->type_name1)},
-          {"type_name2", utf8(name->type_name2)},
-          {"geometry_type", name->geom_type},
-          {"geometry", text_or_null(geometry_name(name->geom_type))},
-          {"feature_dataset", dataset.exists ? Json(utf8(dataset.str1)) : Json(nullptr)}};
+Json source_json(const Tmxd_layer& layer) {
+  const Source source = source_of(layer);
+  if (source.empty()) return nullptr;
+  return {{"kind", data_kind(layer)},
+          {"type", text_or_null(source.type)},
+          {"workspace", text_or_null(source.workspace)},
+          {"feature_dataset", text_or_null(source.feature_dataset)},
+          {"dataset", text_or_null(source.dataset)},
+          {"path", text_or_null(data_path(layer))},
+          {"relative", is_relative(source.workspace)}};
 }
 
-Json raster_dataset_json(const Tmxd_basic_raster_dataset_name* name) {
-  if (!name) return nullptr;
-  return {{"class", name->type_name()},
-          {"name", utf8(name->str1)},
-          {"texts", {utf8(name->str2), utf8(name->str3), utf8(name->str4)}}};
+// Null where there is no limit, or where the number can be none.
+Json scale_json(double denominator) {
+  constexpr double largest = 1e12;
+  const bool limits = std::isfinite(denominator) && denominator > 0 && denominator <= largest;
+  return limits ? Json(denominator) : Json(nullptr);
 }
 
-Json legend_group_json(const Tmxd_legend_group& group) {
-  if (!group.exists) return nullptr;
-  Json classes = Json::array();
-  for (const auto& item : group.legend_classes) {
-    classes.push_back(
-        {{"label", utf8(item->label)}, {"symbol", symbol_json(item->symbol_slot.get())}});
-  }
-  return {{"heading", utf8(group.label)}, {"classes", std::move(classes)}};
+// The index of the group that holds the layer, in the list that is written.
+using Group_indices = std::map<const Tmxd_layer*, std::size_t>;
+
+Json parent_json(const Layer_place& place, const Group_indices& indices) {
+  return place.groups.empty() ? Json(nullptr) : Json(indices.at(place.groups.back()));
 }
 
-void add_unique_values(Json& json, const Tmxd_unique_value_renderer& renderer) {
-  json["default_symbol"] = symbol_json(renderer.symbol_slot.get());
-  json["values"] = Json::array();
-  for (const auto& value : renderer.unique_values) {
-    json["values"].push_back({{"value", utf8(value->wstr)},
-                              {"int1", value->int1},
-                              {"int2", value->int2},
-                              {"int3", value->int3}});
-  }
-  json["legend"] = legend_group_json(renderer.main_leg_grp);
-  json["other_legend"] = legend_group_json(renderer.other_leg_grp);
-}
-
-void add_class_breaks(Json& json, const Tmxd_class_breaks_renderer& renderer) {
-  json["ranges"] = Json::array();
-  for (std::int32_t i = 0; i < renderer.ranges.size(); ++i) {
-    json["ranges"].push_back(
-        {{"min", renderer.ranges.min_bnd(i)}, {"max", renderer.ranges.max_bnd(i)}});
-  }
-  json["legend"] = legend_group_json(renderer.main_leg_grp);
-}
-
-Json renderer_json(const Tmxd_renderer* renderer) {
-  if (!renderer) return nullptr;
-  Json json = {{"kind", renderer_kind(*renderer)},
-               {"class", renderer->type_name()},
-               {"fields", renderer_fields(*renderer)}};
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_renderer*>(renderer)) {
-    json["symbol"] = symbol_json(simple->symbol_slot.get());
-    json["legend"] = legend_group_json(simple->legend_group);
-  } else if (const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(renderer)) {
-    add_unique_values(json, *unique);
-  } else if (const auto* breaks = dynamic_cast<const Tmxd_class_breaks_renderer*>(renderer)) {
-    add_class_breaks(json, *breaks);
-  }
-  return json;
-}
-
-void add_feature(Json& json, const Tmxd_feature_layer& layer) {
-  json["feature_class"] = feature_class_json(layer.feature_class_name.get());
-  json["workspace"] = utf8(layer.workspace_name.name);
-  json["coordinate_system"] = coordinate_system_json(layer.coordinate_system.get());
-  json["renderer"] = renderer_json(layer.renderer.get());
-}
-
-// What is left of a map or a layer that stands for an earlier one.
-void add_reference(Json& json, const Tmxd_obj& object, const Names_by_number& names) {
-  const auto name = names.name_of(object);
-  json["repeats"] = name ? Json(*name) : Json(nullptr);
-}
-
-Json layer_json(const Layer_place& place, Names_by_number& names) {
+Json layer_json(const Layer_place& place, const Group_indices& indices) {
   const Tmxd_layer& layer = *place.layer;
-  Json groups = Json::array();
-  for (const auto* group : place.groups) groups.push_back(utf8(group->layer_name));
-  Json json = {{"kind", kind_of(layer)},
-               {"class", layer.type_name()},
-               {"number", layer.number},
-               {"version", layer.version},
-               {"groups", std::move(groups)}};
-  if (layer.repeat) {
-    add_reference(json, layer, names);
-    return json;
-  }
-  names.add(layer, layer.layer_name);
+  const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
   const auto shown = visible(layer);
-  json["name"] = utf8(layer.layer_name);
-  json["type_name"] = utf8(layer.layer_type_name);
-  json["visible"] = shown ? Json(*shown) : Json(nullptr);
-  json["min_scale"] = layer.min_scale;
-  json["max_scale"] = layer.max_scale;
-  if (const auto* group = dynamic_cast<const Tmxd_group_layer*>(&layer)) {
-    json["layer_count"] = group->layer_count;
-  } else if (const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer)) {
-    add_feature(json, *feature);
-  } else if (const auto* raster = dynamic_cast<const Tmxd_raster_layer*>(&layer)) {
-    json["raster_dataset"] = raster_dataset_json(raster->raster_dataset_name.get());
-    json["workspace"] = utf8(raster->workspace_name.name);
-  }
-  return json;
+  return {{"kind", kind_of(layer)},
+          {"name", utf8(layer.layer_name)},
+          {"parent", parent_json(place, indices)},
+          {"read", true},
+          {"visible", shown ? Json(*shown) : Json(nullptr)},
+          {"min_scale", scale_json(layer.min_scale)},
+          {"max_scale", scale_json(layer.max_scale)},
+          {"geometry", text_or_null(geometry_of(layer))},
+          {"source", source_json(layer)},
+          {"coordinate_system", coordinate_system_json(coordinate_system_of(layer))},
+          {"definition_query", nullptr},
+          {"display_field", feature ? text_or_null(utf8(feature->str1)) : Json(nullptr)},
+          {"labels", nullptr},
+          {"renderer", renderer_json(renderer_of(layer))}};
 }
 
-Json map_json(const Tmxd_map& map, Names_by_number& names) {
-  Json json = {{"number", map.number}, {"version", map.version}};
-  if (map.repeat) {
-    add_reference(json, map, names);
-    return json;
-  }
-  names.add(map, map.name);
-  json["name"] = utf8(map.name);
-  json["coordinate_system"] = coordinate_system_json(map.coordinate_system.get());
-  json["layers"] = Json::array();
+// References to layers and maps stored before are none of their own.
+Json layers_json(const Tmxd_map& map) {
+  Json layers = Json::array();
+  Group_indices indices;
   for (const Layer_place& place : placed_layers(map)) {
-    json["layers"].push_back(layer_json(place, names));
+    if (place.layer->repeat) continue;
+    indices.emplace(place.layer, layers.size());
+    layers.push_back(layer_json(place, indices));
   }
-  return json;
+  return layers;
+}
+
+Json maps_json(const Tmxd_mxd& document) {
+  Json maps = Json::array();
+  for (const auto& map : document.maps) {
+    if (map->repeat) continue;
+    maps.push_back({{"name", utf8(map->name)},
+                    {"coordinate_system", coordinate_system_json(map->coordinate_system.get())},
+                    {"extent", nullptr},
+                    {"layers", layers_json(*map)}});
+  }
+  return maps;
+}
+
+Json losses_json(const std::vector<Decode_error>& errors) {
+  Json losses = Json::array();
+  for (const Decode_error& object : errors) {
+    const Loss_words words = loss_words(object.type);
+    losses.push_back({{"map", nullptr},
+                      {"layer", nullptr},
+                      {"what", words.subject},
+                      {"consequence", words.consequence},
+                      {"type", object.type},
+                      {"number", object.number},
+                      {"position", object.position}});
+  }
+  return losses;
 }
 
 Json document_json(const Report& report) {
-  Json json = {{"schema_version", schema_version},
-               {"tool", {{"name", "mxdinfo"}, {"version", MXDINFO_VERSION}}},
-               {"file", {{"path", report.name}, {"size", report.size}}},
-               {"readable", report.failure.empty()},
-               {"reason", text_or_null(report.failure)},
-               {"maps", Json::array()},
-               {"errors", Json::array()}};
-  Names_by_number names;
-  for (const auto& map : report.content.maps) json["maps"].push_back(map_json(*map, names));
-  for (const Decode_error& error : report.errors) {
-    json["errors"].push_back(
-        {{"number", error.number}, {"type", error.type}, {"position", error.position}});
-  }
-  return json;
+  return {{"schema_version", schema_version},
+          {"tool", {{"name", "mxdinfo"}, {"version", MXDINFO_VERSION}}},
+          {"file", {{"path", report.name}, {"size", report.size}}},
+          {"readable", report.failure.empty()},
+          {"reason", text_or_null(report.failure)},
+          {"title", nullptr},
+          {"author", nullptr},
+          {"summary", nullptr},
+          {"description", nullptr},
+          {"tags", nullptr},
+          {"credits", nullptr},
+          {"hyperlink_base", nullptr},
+          {"arcmap_version", nullptr},
+          {"last_saved", {{"path", nullptr}, {"date", nullptr}}},
+          {"maps", maps_json(report.content)},
+          {"losses", losses_json(report.errors)}};
 }
 
 class Json_writer final : public Report_writer {

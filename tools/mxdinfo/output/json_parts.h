@@ -2,7 +2,9 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <string_view>
 
+#include "rendering/renderer.h"
 #include "symbology/symbol.h"
 
 namespace mxdinfo {
@@ -10,7 +12,11 @@ namespace mxdinfo {
 // Keys stay in the order in which they are added.
 using Json = nlohmann::ordered_json;
 
+// Null for an empty text.
+Json text_or_null(std::string_view text);
+
 // Null for null.
+Json renderer_json(const mxd::Tmxd_renderer* renderer);
 Json symbol_json(const mxd::Tmxd_symbol* symbol);
 
 }  // namespace mxdinfo

@@ -1,3 +1,6 @@
+#include <array>
+#include <bit>
+
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/symbol_text.h"
@@ -11,13 +14,33 @@ namespace {
 
 using namespace mxd;
 
+// "mxd_rgb_color" without "mxd_" and the ending.
+std::string inner_name(std::string_view type, std::string_view ending) {
+  constexpr std::string_view prefix = "mxd_";
+  return std::string(type.substr(prefix.size(), type.size() - prefix.size() - ending.size()));
+}
+
+template <std::size_t n>
+Json name_at(const std::array<const char*, n>& names, std::int32_t index) {
+  const bool known = index >= 0 && static_cast<std::size_t>(index) < n;
+  return known ? Json(names[static_cast<std::size_t>(index)]) : Json(nullptr);
+}
+
+Json cap_json(std::int32_t cap) {
+  return name_at(std::array{"butt", "round", "square"}, cap);
+}
+
+Json join_json(std::int32_t join) {
+  return name_at(std::array{"miter", "round", "bevel"}, join);
+}
+
 Json color_json(const Tmxd_color_slot& slot) {
   const auto* color = slot.get();
   if (!color) return nullptr;
   return {{"rgb", color_hex(*color)},
-          {"no_use", color->get_no_use_flag()},
+          {"off", color->get_no_use_flag()},
           {"dither", color->get_dither_flag()},
-          {"class", color->type_name()}};
+          {"model", inner_name(color->type_name(), "_color")}};
 }
 
 Json font_json(const Tmxd_font& font) {
@@ -46,16 +69,22 @@ Json decoration_json(const Tmxd_line_decoration& decoration) {
     if (!element) continue;
     elements.push_back({{"marker", symbol_json(element->marker.get())},
                         {"positions", element->positions},
-                        {"fixed_angle", element->unfixed_angle == 0},
+                        {"rotates", element->unfixed_angle == 0},
                         {"flip_first", element->flip_first != 0},
                         {"flip_all", element->flip_all != 0}});
   }
   return elements;
 }
 
+double double_at(const Byte_run& bytes, std::size_t at) {
+  std::uint64_t bits = 0;
+  for (std::size_t i = 8; i-- > 0;) bits = bits << 8 | bytes[at + i];
+  return std::bit_cast<double>(bits);
+}
+
 void add(Json& json, const Tmxd_simple_marker_symbol& symbol) {
-  json["style"] = symbol.simple_marker_style;
-  json["style_name"] = marker_style_name(symbol.simple_marker_style);
+  json["style"] =
+      name_at(std::array{"circle", "square", "cross", "x", "diamond"}, symbol.simple_marker_style);
   json["color"] = color_json(symbol.color);
   json["size"] = symbol.size;
   json["angle"] = symbol.angle;
@@ -86,13 +115,26 @@ void add(Json& json, const Tmxd_arrow_marker_symbol& symbol) {
   json["offset_y"] = symbol.y_offset;
 }
 
+// Angle, size and offset stand in the bytes after the colors, the symbol's trailer after them.
 void add(Json& json, const Tmxd_picture_marker_symbol& symbol) {
-  json["colors"] = {color_json(symbol.color_slot1), color_json(symbol.color_slot2)};
+  constexpr std::size_t trailer_at = 48;
+  constexpr std::uint8_t trailer = 13;
+  const Byte_run& bytes = symbol.bytes1;
+  const bool fits = bytes.size() > trailer_at && bytes[trailer_at] == trailer;
+  const auto number = [&](std::size_t at) {
+    return fits ? Json(double_at(bytes, at)) : Json(nullptr);
+  };
+  json["size"] = number(8);
+  json["angle"] = number(0);
+  json["offset_x"] = number(16);
+  json["offset_y"] = number(24);
+  json["colors"] = Json::array({color_json(symbol.color_slot1), color_json(symbol.color_slot2)});
 }
 
 void add(Json& json, const Tmxd_simple_line_symbol& symbol) {
-  json["style"] = symbol.line_type;
-  json["style_name"] = line_style_name(symbol.line_type);
+  json["style"] = name_at(
+      std::array{"solid", "dashed", "dotted", "dash-dot", "dash-dot-dot", "none", "inside-frame"},
+      symbol.line_type);
   json["color"] = color_json(symbol.color_slot);
   json["width"] = symbol.width;
 }
@@ -101,8 +143,8 @@ void add(Json& json, const Tmxd_cartographic_line_symbol& symbol) {
   json["color"] = color_json(symbol.color_slot);
   json["width"] = symbol.width;
   json["offset"] = symbol.offset;
-  json["cap"] = symbol.cap;
-  json["join"] = symbol.join;
+  json["cap"] = cap_json(symbol.cap);
+  json["join"] = join_json(symbol.join);
   json["template"] = template_json(symbol.line_template);
   json["decorations"] = decoration_json(symbol.line_decoration);
 }
@@ -112,8 +154,8 @@ void add(Json& json, const Tmxd_hash_line_symbol& symbol) {
   json["width"] = symbol.width;
   json["angle"] = symbol.angle;
   json["offset"] = symbol.offset;
-  json["cap"] = symbol.cap;
-  json["join"] = symbol.join;
+  json["cap"] = cap_json(symbol.cap);
+  json["join"] = join_json(symbol.join);
   json["template"] = template_json(symbol.line_template);
   json["line"] = symbol_json(symbol.line_slot.get());
 }
@@ -138,7 +180,7 @@ void add(Json& json, const Tmxd_line_fill_symbol& symbol) {
 }
 
 void add(Json& json, const Tmxd_marker_fill_symbol& symbol) {
-  json["random"] = symbol.random;
+  json["random"] = symbol.random != 0;
   json["offset_x"] = symbol.offset_x;
   json["offset_y"] = symbol.offset_y;
   json["separation_x"] = symbol.separation_x;
@@ -148,8 +190,8 @@ void add(Json& json, const Tmxd_marker_fill_symbol& symbol) {
 }
 
 void add(Json& json, const Tmxd_picture_fill_symbol& symbol) {
-  json["colors"] = {color_json(symbol.color_slot1), color_json(symbol.color_slot2),
-                    color_json(symbol.color_slot3)};
+  json["colors"] = Json::array({color_json(symbol.color_slot1), color_json(symbol.color_slot2),
+                                color_json(symbol.color_slot3)});
   json["outline"] = symbol_json(symbol.outline.get());
 }
 
@@ -183,7 +225,7 @@ void add_as(Json& json, const Tmxd_symbol& symbol) {
 
 Json symbol_json(const Tmxd_symbol* symbol) {
   if (!symbol) return nullptr;
-  Json json = {{"class", symbol->type_name()},
+  Json json = {{"kind", inner_name(symbol->type_name(), "_symbol")},
                {"enabled", symbol->enabled != 0},
                {"locked", symbol->locked != 0},
                {"tag", utf8(symbol->tag)}};
