@@ -213,12 +213,11 @@ VQ_MXD_API const vq_mxd_map* vq_mxd_maps_get(const vq_mxd_maps* maps, int32_t in
 
 /** @name Any object */ /** @{ */
 
-/** Returns 1 if the document holds the object, 0 for an embedded object that is absent. The
-   embedded objects of a back-reference always return 1. */
+/** Returns 0 for an embedded object that the document does not hold, otherwise 1. The embedded
+   objects of a back-reference always return 1. */
 VQ_MXD_API int vq_mxd_obj_get_exists(const vq_mxd_obj* object);
 
-/** Returns 1 if the document holds only a back-reference to an object stored earlier, otherwise 0.
- */
+/** Returns 1 if the object is only a back-reference to one stored earlier, otherwise 0. */
 VQ_MXD_API int vq_mxd_obj_get_repeat(const vq_mxd_obj* object);
 
 /** Returns the object's number in the document. Objects with the same number are the same stored
@@ -287,7 +286,8 @@ VQ_MXD_API double vq_mxd_layer_get_max_scale(const vq_mxd_layer* layer);
 
 /** @name Group layer */ /** @{ */
 
-/** Returns the number of layers in the group. They follow the group in the map's list. */
+/** Returns the number of layers in the group. They follow the group in the map's list. A group
+   among them counts as one. */
 VQ_MXD_API uint32_t vq_mxd_group_layer_get_layer_count(const vq_mxd_group_layer* layer);
 /** @} */
 
@@ -316,7 +316,7 @@ VQ_MXD_API const vq_mxd_coordinate_system* vq_mxd_feature_layer_get_coordinate_s
 VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_name(
     const vq_mxd_basic_feature_class_name* name);
 
-/** Returns the first type name of the feature class, as stored. */
+/** Returns the first type name of the feature class, such as "Shapefile Feature Class". */
 VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_type_name1(
     const vq_mxd_basic_feature_class_name* name);
 
@@ -572,7 +572,7 @@ VQ_MXD_API int vq_mxd_font_get_strikethrough(const vq_mxd_font* font);
 
 /** @name Character marker */ /** @{ */
 
-/** Returns the code of the character. */
+/** Returns the character code. */
 VQ_MXD_API uint32_t vq_mxd_char_marker_symbol_get_unicode(const vq_mxd_char_marker_symbol* symbol);
 
 /** Returns the size in points. */
