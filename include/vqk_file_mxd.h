@@ -58,15 +58,9 @@
 /** @} */
 
 /** Marks exported functions. On Windows, define VQK_FILE_MXD_STATIC to link the static library. */
-#if defined(_WIN32)
-#if defined(VQK_FILE_MXD_BUILD)
-#define VQ_MXD_API __declspec(dllexport)
-#elif defined(VQK_FILE_MXD_STATIC)
-#define VQ_MXD_API
-#else
+#if defined(_WIN32) && !defined(VQK_FILE_MXD_STATIC)
 #define VQ_MXD_API __declspec(dllimport)
-#endif
-#elif defined(__GNUC__)
+#elif defined(__GNUC__) && !defined(_WIN32)
 #define VQ_MXD_API __attribute__((visibility("default")))
 #else
 #define VQ_MXD_API
