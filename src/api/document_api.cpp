@@ -32,8 +32,8 @@ void vq_mxd_mxd_destroy(vq_mxd_mxd* document_handle) {
 int vq_mxd_mxd_load(vq_mxd_mxd* document_handle, const vq_mxd_char* path) {
   // No exception may reach the host. Running out of memory is a failed load.
   try {
-    File_error_sink errors(stdout);
-    return document(document_handle).load(path, errors) ? 1 : 0;
+    File_error_reporter reporter(stdout);
+    return document(document_handle).load(path, reporter) ? 1 : 0;
   } catch (...) {
     document(document_handle).clear();
     return 0;

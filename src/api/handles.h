@@ -52,8 +52,8 @@ std::int64_t list_size(const Handle* handle) {
 }
 
 // Null if the index is out of range.
-template <class Item, class T>
-const Item* item_at(const Object_list<T>& list, std::int32_t index) {
+template <class Item, class List>
+const Item* item_at(const List& list, std::int32_t index) {
   if (index < 0 || static_cast<std::size_t>(index) >= list.size()) return nullptr;
   return to_handle<Item>(list[static_cast<std::size_t>(index)]);
 }

@@ -64,12 +64,12 @@ const vq_mxd_unique_values* vq_mxd_unique_value_renderer_get_unique_values(
 }
 
 int64_t vq_mxd_unique_values_get_size(const vq_mxd_unique_values* values) {
-  return api::list_size<Tmxd_unique_value>(values);
+  return static_cast<std::int64_t>(api::from_handle<Tmxd_unique_values>(values).size());
 }
 
 const vq_mxd_unique_value* vq_mxd_unique_values_get(const vq_mxd_unique_values* values,
                                                     int32_t index) {
-  return api::list_item<Tmxd_unique_value, vq_mxd_unique_value>(values, index);
+  return api::item_at<vq_mxd_unique_value>(api::from_handle<Tmxd_unique_values>(values), index);
 }
 
 const vq_mxd_char* vq_mxd_unique_value_get_str(const vq_mxd_unique_value* value) {

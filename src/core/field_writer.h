@@ -1,21 +1,21 @@
-// A class describes its fields once; the two faces of the writer turn the description into the text
-// dump and into XML.
+// A class describes its fields once. Dump_field_writer turns the description into the text dump,
+// Xml_field_writer into XML.
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "core/xml.h"
-#include "storage/bytes.h"
 #include "storage/text.h"
 
 namespace mxd {
 
 class Tmxd_obj;
 
-// The name of a field in either output; an empty one leaves the field out there. In lists the names
-// end in a 1-based number.
+// The name of a field in each output; an empty name leaves the field out of that output. In lists
+// the names end in a 1-based number.
 struct Key {
   std::string_view dump;
   std::string_view xml;
@@ -43,22 +43,23 @@ class Field_writer {
   virtual void integer(const Key& key, std::int32_t value) = 0;
   virtual void real(const Key& key, double value) = 0;
   virtual void boolean(const Key& key, bool value) = 0;
-  // 8-bit text as it is; both outputs end it at its first NUL.
+  // 8-bit text, not converted. Both outputs end it at its first NUL.
   void narrow_text(const Key& key, std::string_view text) { text_line(key, truncate_at_nul(text)); }
   void text(const Key& key, Wide_view text) { text_line(key, to_narrow(text)); }
-  virtual void bytes(const Key& key, const Byte_run& run) = 0;
+  virtual void bytes(const Key& key, std::span<const std::uint8_t> run) = 0;
 
-  // A nested object: in the dump a block under its type name, whatever the key.
+  // A nested object. The dump uses its type name as the key.
   virtual void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) = 0;
   void object(std::string_view xml_name, const Tmxd_obj& nested) { object(xml_name, nested, 0); }
 
-  // A nested object that is held or not; where it is not, each output has its own way to say so.
+  // An optional nested object. An empty slot is written as UNDEFINED in the dump and as "true" in
+  // XML.
   template <class Slot>
   void slot(std::string_view xml_name, const Slot& held, std::string_view xml_name_when_empty) {
     if (held.get()) {
       object(xml_name, *held.get());
     } else {
-      narrow_text(dump_only(Slot::empty_key), "UNDEFINED");
+      narrow_text(dump_only(Slot::empty_key()), "UNDEFINED");
       boolean(xml_only(xml_name_when_empty), true);
     }
   }
@@ -67,8 +68,8 @@ class Field_writer {
     slot(xml_name, held, xml_name);
   }
 
-  // Fields that belong together: a block in braces in the dump, an element in XML. Where a face has
-  // no name for it, the fields stand there without a frame.
+  // Fields that belong together: a block in braces in the dump, an element in XML. If the key has
+  // no name in one of the outputs, the fields appear there without an enclosing block or element.
   template <class Describe>
   void group(const Key& key, Describe describe) {
     open(key);
@@ -76,12 +77,12 @@ class Field_writer {
     close(key);
   }
 
-  // Objects in order: one dump after another, and numbered elements under the list's own.
+  // A list of objects. In XML its element contains numbered elements.
   template <class List>
   void list(std::string_view xml_name, std::string_view item_prefix, const List& objects) {
     group(xml_only(xml_name), [&] {
       std::int32_t number = 0;
-      for (const auto& item : objects) object(item_prefix, *item, ++number);
+      for (const auto* item : objects) object(item_prefix, *item, ++number);
     });
   }
 
@@ -99,13 +100,14 @@ class Dump_field_writer final : public Field_writer {
   void integer(const Key& key, std::int32_t value) override;
   void real(const Key& key, double value) override;
   void boolean(const Key& key, bool value) override;
-  void bytes(const Key& key, const Byte_run& run) override;
+  void bytes(const Key& key, std::span<const std::uint8_t> run) override;
   void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
 
  private:
   void text_line(const Key& key, std::string_view text) override;
   void open(const Key& key) override;
   void close(const Key& key) override;
+  std::string& begin_line(const Key& key);
 
   std::string& out_;
   int indent_;
@@ -114,12 +116,12 @@ class Dump_field_writer final : public Field_writer {
 
 class Xml_field_writer final : public Field_writer {
  public:
-  explicit Xml_field_writer(Tmxd_xml_node element) : element_(element) {}
+  explicit Xml_field_writer(Xml_builder& xml) : xml_(xml) {}
 
   void integer(const Key& key, std::int32_t value) override;
   void real(const Key& key, double value) override;
   void boolean(const Key& key, bool value) override;
-  void bytes(const Key& key, const Byte_run& run) override;
+  void bytes(const Key& key, std::span<const std::uint8_t> run) override;
   void object(std::string_view xml_name, const Tmxd_obj& object, std::int32_t number) override;
 
  private:
@@ -127,7 +129,7 @@ class Xml_field_writer final : public Field_writer {
   void open(const Key& key) override;
   void close(const Key& key) override;
 
-  Tmxd_xml_node element_;
+  Xml_builder& xml_;
 };
 
 }  // namespace mxd

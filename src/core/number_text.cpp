@@ -5,25 +5,29 @@
 
 namespace mxd {
 
-char* put_int(char* to, std::int32_t value) {
-  return std::to_chars(to, to + longest_int_text, value).ptr;
+void append_int(std::string& out, std::int32_t value) {
+  std::array<char, 11> text;
+  out.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr);
 }
 
-char* put_double(char* to, double value) {
+void append_double(std::string& out, double value) {
   constexpr int significant_digits = 6;
-  return std::to_chars(to, to + longest_double_text, value, std::chars_format::general,
-                       significant_digits)
-      .ptr;
+  std::array<char, 32> text;
+  out.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), value,
+                                        std::chars_format::general, significant_digits)
+                              .ptr);
 }
 
 std::string int_text(std::int32_t value) {
-  std::array<char, longest_int_text> text;
-  return {text.data(), put_int(text.data(), value)};
+  std::string text;
+  append_int(text, value);
+  return text;
 }
 
 std::string double_text(double value) {
-  std::array<char, longest_double_text> text;
-  return {text.data(), put_double(text.data(), value)};
+  std::string text;
+  append_double(text, value);
+  return text;
 }
 
 }  // namespace mxd

@@ -1,4 +1,4 @@
-// The ways in which a persisted object is read into an instance of its class.
+// Entry points that read a persisted object into an instance of its class.
 #pragma once
 
 #include <cstdint>
@@ -8,26 +8,29 @@
 
 namespace mxd {
 
-// The class id must stand at the position (negative: the current one). A number that was read
-// before makes the object a copy of that one.
-bool read_object(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t position,
-                 std::int64_t limit);
+// What a reference to an object that was read before does: copies the fields of that object, or
+// leaves this one with its defaults.
+enum class Back_reference { copies, stays_empty };
 
-// Sixteen zero bytes stand for an absent object. A number read before leaves the object as it is.
-bool read_object_or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit);
+// All return false if the object cannot be read. A failure after the class id was accepted is
+// reported to the load's observer. Class-id searches inside stay below `limit`; negative means no
+// limit.
 
-// Anything but the class id means an absent object, for which nothing is consumed. A number read
-// before leaves the object as it is.
-bool read_object_if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit);
+// The class id must be at the position (negative: the current one).
+[[nodiscard]] bool read_object(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t position,
+                               std::int64_t limit);
 
-// As read_object, for an object that may be left out without a trace.
-bool read_object_or_skip(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit);
+// Sixteen zero bytes mean an absent object and are consumed. Any other class id is a failure.
+[[nodiscard]] bool read_object_or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream,
+                                       std::int64_t limit,
+                                       Back_reference back_reference = Back_reference::stays_empty);
 
-// As read_object, for an object that sixteen zero bytes stand for when it is absent.
-bool read_object_or_zeros(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit);
+// Anything else in place of the class id means an absent object, and nothing is consumed.
+[[nodiscard]] bool read_object_if_present(
+    Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit,
+    Back_reference back_reference = Back_reference::stays_empty);
 
-// Consumes sixteen zero bytes, which stand for an absent object. Returns false, and consumes nothing,
-// if anything else follows.
+// Consumes sixteen zero bytes. Returns false, and consumes nothing, if anything else follows.
 bool skip_null_guid(Tmxd_mxd_stream& stream);
 
 }  // namespace mxd

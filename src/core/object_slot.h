@@ -1,4 +1,4 @@
-// A slot: an optional nested object of some family, owned, found by a search.
+// A slot: an optional nested object of one family, owned, found by a search.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 
 namespace mxd {
 
-// What all slots do, whatever they hold. Copying a slot clones what it holds.
+// The part of a slot that does not depend on the class held.
 class Object_slot {
  public:
   Object_slot() = default;
@@ -18,47 +18,50 @@ class Object_slot {
  protected:
   ~Object_slot() = default;
 
-  // True with an empty slot when nothing is found before the limit. An object that fails to be
-  // read stays in the slot.
-  bool read_member_of(const Object_family& family, Tmxd_mxd_stream& stream, std::int64_t start,
-                      std::int64_t limit);
-
-  bool read_unless_null(const Object_family& family, Tmxd_mxd_stream& stream, std::int64_t limit);
-
-  // True when there was something to copy and its class says that it was copied; the clone is kept
-  // in any case.
-  bool copy_member_of(const Object_family& family, const Object_slot& source);
+  [[nodiscard]] bool read_member_of(const Object_family& family, Tmxd_mxd_stream& stream,
+                                    std::int64_t start, std::int64_t limit);
+  [[nodiscard]] bool read_unless_null(const Object_family& family, Tmxd_mxd_stream& stream,
+                                      std::int64_t limit);
+  bool clone_member_of(const Object_family& family, const Object_slot& source);
 
   std::unique_ptr<Tmxd_obj> object_;
 };
 
-// Kind states the base class that is held, the family, and the dump's key of an empty slot.
-template <class Kind>
+// Held is the base class of the family Held::family(). Held::empty_key is the dump's key of an
+// empty slot. Copying a slot clones the object.
+template <class Held>
 class Tmxd_slot final : public Object_slot {
  public:
-  using Held = typename Kind::Held;
-  static constexpr std::string_view empty_key = Kind::empty_key;
-
   Tmxd_slot() = default;
-  Tmxd_slot(const Tmxd_slot& source) { copy(source); }
+  Tmxd_slot(const Tmxd_slot& source) { static_cast<void>(clone_from(source)); }
   Tmxd_slot& operator=(const Tmxd_slot& source) {
-    if (this != &source) copy(source);
+    if (this != &source) static_cast<void>(clone_from(source));
     return *this;
   }
   ~Tmxd_slot() = default;
 
-  bool read(Tmxd_mxd_stream& stream, std::int64_t limit) { return read(stream, -1, limit); }
-  bool read(Tmxd_mxd_stream& stream, std::int64_t start, std::int64_t limit) {
-    return read_member_of(Kind::family(), stream, start, limit);
+  static constexpr std::string_view empty_key() { return Held::empty_key; }
+
+  // Searches from the start (negative: the current position) to the limit. Returns true with an
+  // empty slot if nothing is found. An object whose read fails stays in the slot.
+  [[nodiscard]] bool read(Tmxd_mxd_stream& stream, std::int64_t start, std::int64_t limit) {
+    return read_member_of(Held::family(), stream, start, limit);
+  }
+  [[nodiscard]] bool read(Tmxd_mxd_stream& stream, std::int64_t limit) {
+    return read(stream, -1, limit);
   }
   // Like read(), but sixteen zero bytes in place of the object leave the slot empty.
-  bool read_or_null(Tmxd_mxd_stream& stream, std::int64_t limit) {
-    return read_unless_null(Kind::family(), stream, limit);
+  [[nodiscard]] bool read_or_null(Tmxd_mxd_stream& stream, std::int64_t limit) {
+    return read_unless_null(Held::family(), stream, limit);
   }
-  bool copy(const Tmxd_slot& source) { return copy_member_of(Kind::family(), source); }
 
-  // Null when the slot is empty.
-  Held* get() const { return static_cast<Held*>(object_.get()); }
+  // Replaces the content by a clone of the source's. Returns the clone's copy_from() result, or
+  // false if the source is empty.
+  bool clone_from(const Tmxd_slot& source) { return clone_member_of(Held::family(), source); }
+
+  // Null if the slot is empty.
+  const Held* get() const { return static_cast<const Held*>(object_.get()); }
+  Held* get() { return static_cast<Held*>(object_.get()); }
 };
 
 }  // namespace mxd

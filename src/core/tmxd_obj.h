@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/class_list.h"
 #include "core/field_writer.h"
 #include "storage/guid.h"
 
@@ -13,8 +14,8 @@ namespace mxd {
 
 class Tmxd_mxd_stream;
 
-// A class states its fields three times: as members, in read_fields in the order of the stream, and
-// in describe in the order of the outputs. Everything else follows from these.
+// Each class lists its fields three times: as data members, in read_fields() in stream order, and
+// in describe() in output order. Everything else is derived from these.
 class Tmxd_obj {
  public:
   Tmxd_obj() = default;
@@ -25,41 +26,45 @@ class Tmxd_obj {
   virtual std::string_view type_name() const = 0;
   virtual std::size_t object_size() const = 0;
 
-  // What follows the header. Searches made inside stay before the limit; negative is none.
-  virtual bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) = 0;
+  // Reads what follows the header. Class-id searches inside must stay below `limit`; negative means
+  // no limit.
+  [[nodiscard]] virtual bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) = 0;
 
-  // Whether copy_from takes over anything: not from another class, and never in a class whose
-  // repetitions stay empty.
+  // Whether copy_from() would copy anything: the class supports copying, and the source's class
+  // matches.
   virtual bool can_copy(const Tmxd_obj& /*source*/) const { return false; }
 
-  // Takes over the fields of an object of the same class, never the header. False where there was
-  // nothing to take over; some classes call a copy that was made false, too.
+  // Copies the fields, never the header. Returns false if nothing was copied; some classes also
+  // return false after copying.
   virtual bool copy_from(const Tmxd_obj& /*source*/) { return false; }
 
-  void dump_fields(std::string& out, int indent, int step) const;
-  void write_fields_xml(Tmxd_xml_node element) const;
-
-  void dump_object_text(std::string& out, int indent, int step) const;
+  // Appends the text dump: the header and the fields in braces.
   void append_object_text(std::string& out, int indent, int step) const;
-  void write_object_xml(Tmxd_xml_node parent, Xml_name name) const;
+  // Adds an element of this name that holds the object.
+  void write_object_xml(Xml_builder& xml, const Xml_name& name) const;
 
-  // Type names are literals, and so closed by NUL.
+  // Type names are string literals and therefore NUL-terminated.
   const char* type_str() const { return type_name().data(); }
 
+  // 0 if the document has no object here.
   std::uint8_t exists = 1;
+  // 1 if this is a back-reference: an object with this number was read before.
   std::uint8_t repeat = 0;
   std::uint16_t number = 0;
   std::uint16_t reserve = 0;
   std::uint16_t version = 0;
 
  protected:
-  // The header says where an object stands in the stream, so it never travels with the fields.
+  // Deliberately copies nothing: the header describes this object's own place in the stream.
   Tmxd_obj& operator=(const Tmxd_obj& /*source*/) { return *this; }
 
   virtual void describe(Field_writer& writer) const = 0;
+
+ private:
+  void describe_header(Field_writer& writer) const;
 };
 
-// What a concrete class answers about itself, from its `clsid` and `type`.
+// CRTP base: implements the class's own facts from Self::clsid and Self::type.
 template <class Self, class Base = Tmxd_obj>
 class Persisted_class : public Base {
  public:
@@ -68,23 +73,19 @@ class Persisted_class : public Base {
   std::size_t object_size() const override { return sizeof(Self); }
 };
 
-// A class whose back-references are copies. Source is the class whose objects it copies, where that
-// is not only its own.
-template <class Self, class Base = Tmxd_obj, class Source = Self>
+// CRTP base for classes whose back-references are resolved by copying.
+template <class Self, class Base = Tmxd_obj>
 class Copyable_class : public Persisted_class<Self, Base> {
  public:
-  bool can_copy(const Tmxd_obj& source) const override {
-    return dynamic_cast<const Source*>(&source) != nullptr;
-  }
+  bool can_copy(const Tmxd_obj& source) const override { return is_of<Self>(source); }
   bool copy_from(const Tmxd_obj& source) override {
-    const auto* same = dynamic_cast<const Source*>(&source);
-    return same && copy_fields(*same);
+    return can_copy(source) && copy_fields(static_cast<const Self&>(source));
   }
 
  protected:
-  // An assignment, where the class does not say otherwise.
-  virtual bool copy_fields(const Source& source) {
-    static_cast<Source&>(static_cast<Self&>(*this)) = source;
+  // Copy assignment by default.
+  virtual bool copy_fields(const Self& source) {
+    static_cast<Self&>(*this) = source;
     return true;
   }
 };

@@ -18,10 +18,8 @@ void Tmxd_unknown_coordinate_system::describe(Field_writer& writer) const {
   writer.text("wkt", text);
 }
 
-const Object_family& Coordinate_system_kind::family() {
-  static const Object_family family({family_row<Tmxd_unknown_coordinate_system>(),
-                                     family_row<Tmxd_geographic_coordinate_system>(),
-                                     family_row<Tmxd_projected_coordinate_system>()});
+const Object_family& Tmxd_coordinate_system::family() {
+  static const Object_family family = family_of<Coordinate_system_classes>();
   return family;
 }
 

@@ -1,4 +1,4 @@
-// Coordinate systems: kept as the text read, never parsed.
+// Coordinate systems: stored as text, not parsed.
 #pragma once
 
 #include "core/object_slot.h"
@@ -7,11 +7,14 @@ namespace mxd {
 
 class Tmxd_coordinate_system : public Tmxd_obj {
  public:
+  static const Object_family& family();
+  static constexpr std::string_view empty_key = "coordinate_system";
+
   // Well-known text, NUL-terminated.
   virtual const char* get_wkt() const = 0;
 };
 
-// The two classes that carry well-known text.
+// Base of the classes with well-known text.
 class Wkt_coordinate_system : public Tmxd_coordinate_system {
  public:
   const char* get_wkt() const override { return wkt.c_str(); }
@@ -43,7 +46,7 @@ class Tmxd_unknown_coordinate_system final
   static constexpr Class_id clsid{"B286C06B-0879-11D2-AACA-00C04FA33C20"};
   static constexpr std::string_view type = "mxd_unknown_coordinate_system";
 
-  // Its text is no well-known text, so hosts get none; the outputs show it.
+  // The text is not well-known text, so hosts get an empty string; the outputs contain it.
   const char* get_wkt() const override { return ""; }
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
@@ -53,11 +56,16 @@ class Tmxd_unknown_coordinate_system final
   void describe(Field_writer& writer) const override;
 };
 
-struct Coordinate_system_kind {
-  using Held = Tmxd_coordinate_system;
-  static constexpr std::string_view empty_key = "coordinate_system";
-  static const Object_family& family();
-};
-using Tmxd_coordinate_system_slot = Tmxd_slot<Coordinate_system_kind>;
+using Tmxd_coordinate_system_slot = Tmxd_slot<Tmxd_coordinate_system>;
+
+using Coordinate_system_classes =
+    Class_list<Tmxd_unknown_coordinate_system, Tmxd_geographic_coordinate_system,
+               Tmxd_projected_coordinate_system>;
+
+// Calls the visitor with the coordinate system as its own class.
+template <class Visitor>
+decltype(auto) visit(const Tmxd_coordinate_system& system, Visitor&& visitor) {
+  return visit_as(Coordinate_system_classes(), system, std::forward<Visitor>(visitor));
+}
 
 }  // namespace mxd

@@ -1,7 +1,6 @@
 #include "document/layer.h"
 
-#include "core/object_read.h"
-#include "document/object_search.h"
+#include "core/read_helpers.h"
 #include "rendering/property_page.h"
 #include "rendering/simple_renderer.h"
 
@@ -9,8 +8,8 @@ namespace mxd {
 
 bool Tmxd_group_layer::read_fields(Tmxd_mxd_stream& stream, std::int64_t /*limit*/) {
   return read_wide_string(stream, layer_name) && read_number(stream, visible) &&
-         read_bytes(stream, 20, bytes1) && read_number(stream, layer_count) &&
-         read_bytes(stream, 8, bytes2);
+         read_bytes(stream, bytes1) && read_number(stream, layer_count) &&
+         read_bytes(stream, bytes2);
 }
 
 void Tmxd_group_layer::describe(Field_writer& writer) const {
@@ -23,33 +22,26 @@ void Tmxd_group_layer::describe(Field_writer& writer) const {
 
 bool Tmxd_feature_layer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   if (!(read_wide_string(stream, layer_name) && read_wide_string(stream, layer_type_name) &&
-        read_number(stream, visible) && read_bytes(stream, 4, bytes1) &&
+        read_number(stream, visible) && read_bytes(stream, bytes1, 4) &&
         feature_class_name.read(stream, limit) && read_object(workspace_name, stream, -1, limit))) {
     return false;
   }
-  // A layer whose data is known is worth keeping, however the rest of it reads.
-  read_drawing(stream, limit);
-  coordinate_system.read(stream, limit);
+  // A layer whose data source is known is kept even if the rest of it cannot be read.
+  static_cast<void>(read_drawing(stream, limit));
+  static_cast<void>(coordinate_system.read(stream, limit));
   return true;
 }
 
 bool Tmxd_feature_layer::read_drawing(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  if (!(renderer.read(stream, limit) && renderer.get() && read_behind_renderer(stream, limit) &&
-        read_wide_string(stream, str1) && read_number(stream, min_scale) &&
-        read_number(stream, max_scale))) {
-    return false;
-  }
-  scales_end = static_cast<std::int64_t>(stream.tell());
-  return true;
+  return renderer.read(stream, limit) && renderer.get() && skip_after_renderer(stream, limit) &&
+         read_wide_string(stream, str1) && read_number(stream, min_scale) &&
+         read_number(stream, max_scale) && note_position(stream, scales_end);
 }
 
-bool Tmxd_feature_layer::read_behind_renderer(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  if (dynamic_cast<const Tmxd_simple_renderer*>(renderer.get())) {
-    return read_bytes(stream, 156, simple_renderer_bytes);
-  }
-  // The page is only passed over.
-  Tmxd_property_page_slot page;
-  return page.read(stream, limit);
+bool Tmxd_feature_layer::skip_after_renderer(Tmxd_mxd_stream& stream, std::int64_t limit) {
+  constexpr std::size_t simple_renderer_trailer = 156;
+  return is_of<Tmxd_simple_renderer>(*renderer.get()) ? skip_bytes<simple_renderer_trailer>(stream)
+                                                      : skip_property_page(stream, limit);
 }
 
 void Tmxd_feature_layer::describe(Field_writer& writer) const {
@@ -68,7 +60,7 @@ void Tmxd_feature_layer::describe(Field_writer& writer) const {
 
 bool Tmxd_raster_layer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_number(stream, ushort1) && read_wide_string(stream, layer_name) &&
-         read_bytes(stream, 18, bytes1) && raster_dataset_name.read(stream, limit) &&
+         read_bytes(stream, bytes1, 18) && raster_dataset_name.read(stream, limit) &&
          read_object(workspace_name, stream, -1, limit);
 }
 
@@ -80,16 +72,9 @@ void Tmxd_raster_layer::describe(Field_writer& writer) const {
   writer.object("workspace_name", workspace_name);
 }
 
-const Object_family& layer_family() {
-  static const Object_family family(
-      {family_row<Tmxd_group_layer>(), family_row<Tmxd_feature_layer>(),
-       family_row<Tmxd_raster_layer>(), family_row<Tmxd_fdo_graphics_layer>()});
+const Object_family& Tmxd_layer::family() {
+  static const Object_family family = family_of<Layer_classes>();
   return family;
-}
-
-bool read_layers(Tmxd_layers& layers, Tmxd_mxd_stream& stream, std::int64_t start,
-                 std::int64_t limit) {
-  return read_all_found(layers, layer_family(), stream, start, limit);
 }
 
 }  // namespace mxd

@@ -1,4 +1,4 @@
-// A map's layers: one flat list in the order of the stream, a group's members behind the group.
+// A map's layers: one flat list in stream order, in which the members of a group follow the group.
 #pragma once
 
 #include "core/object_list.h"
@@ -6,15 +6,18 @@
 #include "document/coordinate_system.h"
 #include "document/names.h"
 #include "rendering/renderer.h"
+#include "storage/fixed_bytes.h"
 
 namespace mxd {
 
 class Tmxd_layer : public Tmxd_obj {
  public:
+  static const Object_family& family();
+
   Wide_string layer_name;
   Wide_string layer_type_name;
   std::int16_t visible = 0;
-  Byte_run bytes1;
+  Fixed_bytes<20> bytes1;
   double min_scale = 0;
   double max_scale = 0;
 };
@@ -26,9 +29,9 @@ class Tmxd_group_layer final : public Persisted_class<Tmxd_group_layer, Tmxd_lay
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
-  // How many of the layers that follow in the map's list are its members.
+  // The number of layers after it in the map's list that are its direct members.
   std::int32_t layer_count = 0;
-  Byte_run bytes2;
+  Fixed_bytes<8> bytes2;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -44,8 +47,6 @@ class Tmxd_feature_layer final : public Persisted_class<Tmxd_feature_layer, Tmxd
   Tmxd_feature_class_name_slot feature_class_name;
   Tmxd_workspace_name workspace_name;
   Tmxd_renderer_slot renderer;
-  // Stands behind a simple renderer only; shown nowhere.
-  Byte_run simple_renderer_bytes;
   Wide_string str1;
   // Where max_scale ends in the stream, or -1 if it was not read. Shown nowhere.
   std::int64_t scales_end = -1;
@@ -56,7 +57,7 @@ class Tmxd_feature_layer final : public Persisted_class<Tmxd_feature_layer, Tmxd
 
  private:
   bool read_drawing(Tmxd_mxd_stream& stream, std::int64_t limit);
-  bool read_behind_renderer(Tmxd_mxd_stream& stream, std::int64_t limit);
+  bool skip_after_renderer(Tmxd_mxd_stream& stream, std::int64_t limit);
 };
 
 class Tmxd_raster_layer final : public Persisted_class<Tmxd_raster_layer, Tmxd_layer> {
@@ -85,13 +86,15 @@ class Tmxd_fdo_graphics_layer final : public Persisted_class<Tmxd_fdo_graphics_l
   void describe(Field_writer& /*writer*/) const override {}
 };
 
-const Object_family& layer_family();
-
 using Tmxd_layers = Object_list<Tmxd_layer>;
 
-// Reads a layer at every place where the id of one stands; those that fail are left out. False when
-// the search fails.
-bool read_layers(Tmxd_layers& layers, Tmxd_mxd_stream& stream, std::int64_t start,
-                 std::int64_t limit);
+using Layer_classes =
+    Class_list<Tmxd_group_layer, Tmxd_feature_layer, Tmxd_raster_layer, Tmxd_fdo_graphics_layer>;
+
+// Calls the visitor with the layer as its own class.
+template <class Visitor>
+decltype(auto) visit(const Tmxd_layer& layer, Visitor&& visitor) {
+  return visit_as(Layer_classes(), layer, std::forward<Visitor>(visitor));
+}
 
 }  // namespace mxd

@@ -1,4 +1,5 @@
-// A map: a data frame of the document, with its layers and the coordinate system it is shown in.
+// A map: a data frame of the document, with its layers and the coordinate system that it is drawn
+// in.
 #pragma once
 
 #include "document/layer.h"
@@ -10,6 +11,8 @@ class Tmxd_map final : public Persisted_class<Tmxd_map> {
   static constexpr Class_id clsid{"E6BDAA76-4D35-11D0-98BE-00805F7CED21"};
   static constexpr std::string_view type = "mxd_map";
 
+  static const Object_family& family();
+
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
   Wide_string name;
@@ -20,11 +23,8 @@ class Tmxd_map final : public Persisted_class<Tmxd_map> {
   void describe(Field_writer& writer) const override;
 };
 
-const Object_family& map_family();
-
 using Tmxd_maps = Object_list<Tmxd_map>;
 
-// Reads a map at every place behind the stream's position where the id of one stands.
-bool read_maps(Tmxd_maps& maps, Tmxd_mxd_stream& stream);
+using Map_classes = Class_list<Tmxd_map>;
 
 }  // namespace mxd

@@ -1,7 +1,11 @@
 #include "document/mxd.h"
 
-#include "document/known_class_scanner.h"
+#include <memory>
+
+#include "core/read_helpers.h"
+#include "document/classes.h"
 #include "storage/compound_file.h"
+#include "storage/native_output.h"
 
 namespace mxd {
 namespace {
@@ -11,12 +15,9 @@ const Wide_string& stream_name() {
   return name;
 }
 
-void build_xml(const Tmxd_mxd& document, Tmxd_xml_node root) {
-  Xml_field_writer writer(root);
-  writer.text("filename", document.filename);
-  writer.integer("int1", static_cast<std::int32_t>(document.int1));
-  writer.list("maps", "map_", document.maps);
-}
+struct Close_file {
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
 
 }  // namespace
 
@@ -26,40 +27,51 @@ void Tmxd_mxd::clear() {
   maps.clear();
 }
 
-bool Tmxd_mxd::load(const Wide_string& path, Error_sink& errors) {
+bool Tmxd_mxd::load(const Wide_string& path, Load_observer& observer) {
   clear();
   Tmxd_stream_m bytes;
-  return read_named_stream(path, stream_name(), bytes) != 0 && read(bytes, path, errors);
+  if (read_named_stream(path, stream_name(), bytes) == 0) return false;
+  Load load(observer, bytes.get_size());
+  return load_maps(bytes, path, load);
 }
 
-bool Tmxd_mxd::load(Tmxd_stream& file, const Wide_string& path, Error_sink& errors) {
+bool Tmxd_mxd::load(Tmxd_stream& file, const Wide_string& path, Load_observer& observer) {
   clear();
   Tmxd_stream_m bytes;
-  return read_named_stream(file, stream_name(), bytes) != 0 && read(bytes, path, errors);
+  if (read_named_stream(file, stream_name(), bytes) == 0) return false;
+  Load load(observer, bytes.get_size());
+  return load_maps(bytes, path, load);
 }
 
-bool Tmxd_mxd::read(Tmxd_stream_m& bytes, const Wide_string& path, Error_sink& errors) {
-  Tmxd_mxd_stream stream(bytes, known_class_scanner(), errors);
-  if (!stream.seek(0) || !read_number(stream, int1) || !read_maps(maps, stream)) return false;
+bool Tmxd_mxd::load_maps(Tmxd_stream_m& bytes, const Wide_string& path, Load& load) {
+  clear();
+  Tmxd_mxd_stream stream(bytes, known_class_scanner(), load);
+  if (!stream.seek(0) || !read_number(stream, int1) || !read_all_found(maps, stream, -1, -1)) {
+    return false;
+  }
   filename = path;
   return true;
 }
 
 bool Tmxd_mxd::save_xml(const Wide_string& path) const {
-  Xml_tree tree{Xml_name(type)};
-  build_xml(*this, tree.root());
-  return xml_save_file(path, tree.root());
+  const std::unique_ptr<std::FILE, Close_file> file(open_text_output(path));
+  if (!file) return false;
+  write_xml(file.get());
+  return true;
 }
 
 void Tmxd_mxd::write_xml(std::FILE* file) const {
-  Xml_tree tree{Xml_name(type)};
-  build_xml(*this, tree.root());
-  xml_write(file, tree.root());
+  Xml_builder xml(file, Xml_name(type));
+  Xml_field_writer writer(xml);
+  writer.text("filename", filename);
+  writer.integer("int1", static_cast<std::int32_t>(int1));
+  writer.list("maps", "map_", maps);
+  xml.finish();
 }
 
 std::string Tmxd_mxd::dump(int indent, int step) const {
   std::string out;
-  for (const auto& map : maps) map->append_object_text(out, indent, step);
+  for (const Tmxd_map* map : maps) map->append_object_text(out, indent, step);
   return out;
 }
 

@@ -1,10 +1,10 @@
-// The document: what one map document file holds.
+// The document: the content of one map document file.
 #pragma once
 
 #include <cstdint>
 #include <cstdio>
 
-#include "core/error_sink.h"
+#include "core/load_observer.h"
 #include "document/map.h"
 #include "storage/stream.h"
 
@@ -14,27 +14,29 @@ class Tmxd_mxd {
  public:
   static constexpr std::string_view type = "mxd_mxd";
 
-  // Forgets what an earlier load left. Maps and nested objects that cannot be read are told to the
-  // sink and left out, which is no failure; a failed load leaves no file name.
-  bool load(const Wide_string& path, Error_sink& errors);
-  // As above, from an open file or from memory; the path is only what the document remembers.
-  bool load(Tmxd_stream& file, const Wide_string& path, Error_sink& errors);
-  bool save_xml(const Wide_string& path) const;
+  // Discards the previous content, then loads the file. Objects that cannot be read are reported to
+  // the observer and left out; that is not a failure. After a failed load the file name is empty.
+  [[nodiscard]] bool load(const Wide_string& path, Load_observer& observer);
+  // The same from an open file or from memory; the path is only recorded.
+  [[nodiscard]] bool load(Tmxd_stream& file, const Wide_string& path, Load_observer& observer);
+  // The same from the bytes of the stream "Maps".
+  [[nodiscard]] bool load_maps(Tmxd_stream_m& bytes, const Wide_string& path, Load& load);
+
+  // Returns false if the file cannot be opened. Later write errors are not reported.
+  [[nodiscard]] bool save_xml(const Wide_string& path) const;
+  // Write errors are left in ferror(file).
   void write_xml(std::FILE* file) const;
 
-  // As after construction.
+  // Restores the state after construction.
   void clear();
 
   // The text dumps of the maps, in order.
   std::string dump(int indent, int step) const;
 
   Wide_string filename;
-  // The stream's own count of maps; the maps are found by search all the same.
+  // The map count stored in the stream. Not used: maps are found by their class id.
   std::uint32_t int1 = 0;
   Tmxd_maps maps;
-
- private:
-  bool read(Tmxd_stream_m& bytes, const Wide_string& path, Error_sink& errors);
 };
 
 }  // namespace mxd

@@ -22,16 +22,16 @@ void Tmxd_feature_dataset_name::describe(Field_writer& writer) const {
   writer.text("str1", str1);
   writer.text("str2", str2);
   writer.text("str3", str3);
-  // Readers of the outputs know the fourth string under the third one's key.
+  // Consumers expect the fourth string under the key of the third.
   writer.text("str3", str4);
   writer.integer("byte1", byte1);
 }
 
 bool Tmxd_basic_feature_class_name::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  return read_wide_string(stream, name) && read_bytes(stream, 6, bytes1) &&
+  return read_wide_string(stream, name) && read_bytes(stream, bytes1) &&
          read_wide_string(stream, type_name1) && read_wide_string(stream, type_name2) &&
-         read_number(stream, geom_type) && read_bytes(stream, 6, bytes2) &&
-         read_object_or_skip(feature_dataset_name, stream, limit);
+         read_number(stream, geom_type) && read_bytes(stream, bytes2) &&
+         read_object_if_present(feature_dataset_name, stream, limit, Back_reference::copies);
 }
 
 void Tmxd_basic_feature_class_name::describe(Field_writer& writer) const {
@@ -70,15 +70,13 @@ void Tmxd_basic_raster_dataset_name::describe(Field_writer& writer) const {
   writer.text(Key("str3", "str4"), str4);
 }
 
-const Object_family& Feature_class_name_kind::family() {
-  static const Object_family family(
-      {family_row<Tmxd_feature_class_name>(), family_row<Tmxd_fgdb_feature_class_name>()});
+const Object_family& Tmxd_basic_feature_class_name::family() {
+  static const Object_family family = family_of<Feature_class_name_classes>();
   return family;
 }
 
-const Object_family& Raster_dataset_name_kind::family() {
-  static const Object_family family(
-      {family_row<Tmxd_raster_dataset_name>(), family_row<Tmxd_fgdb_raster_dataset_name>()});
+const Object_family& Tmxd_basic_raster_dataset_name::family() {
+  static const Object_family family = family_of<Raster_dataset_name_classes>();
   return family;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/object_slot.h"
+#include "storage/fixed_bytes.h"
 
 namespace mxd {
 
@@ -34,13 +35,16 @@ class Tmxd_feature_dataset_name final : public Copyable_class<Tmxd_feature_datas
 
 class Tmxd_basic_feature_class_name : public Tmxd_obj {
  public:
+  static const Object_family& family();
+  static constexpr std::string_view empty_key = "basic_feature_class_name";
+
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
   Wide_string name;
-  Byte_run bytes1;
+  Fixed_bytes<6> bytes1;
   Wide_string type_name1, type_name2;
   std::int32_t geom_type = 0;
-  Byte_run bytes2;
+  Fixed_bytes<6> bytes2;
   Tmxd_feature_dataset_name feature_dataset_name;
 
  protected:
@@ -70,6 +74,9 @@ class Tmxd_fgdb_feature_class_name final
 
 class Tmxd_basic_raster_dataset_name : public Tmxd_obj {
  public:
+  static const Object_family& family();
+  static constexpr std::string_view empty_key = "basic_raster_dataset_name";
+
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
   std::uint16_t ushort1 = 0;
@@ -93,18 +100,22 @@ class Tmxd_fgdb_raster_dataset_name final
   static constexpr std::string_view type = "mxd_fgdb_raster_dataset_name";
 };
 
-struct Feature_class_name_kind {
-  using Held = Tmxd_basic_feature_class_name;
-  static constexpr std::string_view empty_key = "basic_feature_class_name";
-  static const Object_family& family();
-};
-using Tmxd_feature_class_name_slot = Tmxd_slot<Feature_class_name_kind>;
+using Tmxd_feature_class_name_slot = Tmxd_slot<Tmxd_basic_feature_class_name>;
+using Tmxd_raster_dataset_name_slot = Tmxd_slot<Tmxd_basic_raster_dataset_name>;
 
-struct Raster_dataset_name_kind {
-  using Held = Tmxd_basic_raster_dataset_name;
-  static constexpr std::string_view empty_key = "basic_raster_dataset_name";
-  static const Object_family& family();
-};
-using Tmxd_raster_dataset_name_slot = Tmxd_slot<Raster_dataset_name_kind>;
+using Feature_class_name_classes =
+    Class_list<Tmxd_feature_class_name, Tmxd_fgdb_feature_class_name>;
+using Raster_dataset_name_classes =
+    Class_list<Tmxd_raster_dataset_name, Tmxd_fgdb_raster_dataset_name>;
+
+// Each calls the visitor with the name as its own class.
+template <class Visitor>
+decltype(auto) visit(const Tmxd_basic_feature_class_name& name, Visitor&& visitor) {
+  return visit_as(Feature_class_name_classes(), name, std::forward<Visitor>(visitor));
+}
+template <class Visitor>
+decltype(auto) visit(const Tmxd_basic_raster_dataset_name& name, Visitor&& visitor) {
+  return visit_as(Raster_dataset_name_classes(), name, std::forward<Visitor>(visitor));
+}
 
 }  // namespace mxd

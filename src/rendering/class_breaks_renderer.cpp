@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "core/number_text.h"
-#include "core/object_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {
 
-// More ranges are taken for misread data.
-constexpr std::int32_t most_ranges = 9999;
+// More ranges are treated as corrupt data.
+constexpr std::int32_t max_ranges = 9999;
 
 bool read_bounds(Tmxd_mxd_stream& stream, std::vector<double>& bounds) {
   return std::all_of(bounds.begin(), bounds.end(),
@@ -22,9 +22,9 @@ bool Tmxd_ranges::read(Tmxd_mxd_stream& stream) {
   min_bounds.clear();
   max_bounds.clear();
   std::int32_t count = 0;
-  if (!read_number(stream, count) || count < 0 || count > most_ranges) return false;
+  if (!read_number(stream, count) || count < 0 || count > max_ranges) return false;
   const auto ranges = static_cast<std::size_t>(count);
-  if (!stream.budget().spend(2 * ranges * sizeof(double))) return false;
+  if (!stream.load().spend(2 * ranges * sizeof(double))) return false;
   max_bounds.resize(ranges);
   min_bounds.resize(ranges);
   return read_bounds(stream, max_bounds) && read_bounds(stream, min_bounds);
@@ -48,13 +48,9 @@ void Tmxd_ranges::describe(Field_writer& writer) const {
 }
 
 bool Tmxd_class_breaks_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  if (!(read_wide_string(stream, propname) && read_wide_string(stream, wstr2) &&
-        ranges.read(stream) && read_bytes(stream, 8, bytes1) &&
-        read_object(main_leg_grp, stream, -1, limit))) {
-    return false;
-  }
-  legend_end = static_cast<std::int64_t>(stream.tell());
-  return true;
+  return read_wide_string(stream, propname) && read_wide_string(stream, wstr2) &&
+         ranges.read(stream) && read_bytes(stream, bytes1) &&
+         read_object(main_leg_grp, stream, -1, limit) && note_position(stream, legend_end);
 }
 
 void Tmxd_class_breaks_renderer::describe(Field_writer& writer) const {

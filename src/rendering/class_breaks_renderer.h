@@ -1,4 +1,4 @@
-// A symbol for each range of one attribute field's numbers.
+// Draws the features of each range of one numeric field with a symbol of its own.
 #pragma once
 
 #include <vector>
@@ -10,12 +10,12 @@ namespace mxd {
 
 class Tmxd_ranges {
  public:
-  bool read(Tmxd_mxd_stream& stream);
+  [[nodiscard]] bool read(Tmxd_mxd_stream& stream);
   void describe(Field_writer& writer) const;
 
-  // A range counts only with both of its bounds.
+  // The number of ranges with both bounds.
   std::int32_t size() const;
-  // 0.0 for a range that does not exist.
+  // Return 0.0 if the index is out of range.
   double min_bnd(std::int32_t index) const { return bound(min_bounds, index); }
   double max_bnd(std::int32_t index) const { return bound(max_bounds, index); }
 
@@ -35,10 +35,10 @@ class Tmxd_class_breaks_renderer final
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
   Wide_string propname;
-  // Shown nowhere.
+  // In neither output.
   Wide_string wstr2;
   Tmxd_ranges ranges;
-  Byte_run bytes1;
+  Fixed_bytes<8> bytes1;
   Tmxd_legend_group main_leg_grp;
   // Where main_leg_grp ends in the stream, or -1 if it was not read. Shown nowhere.
   std::int64_t legend_end = -1;

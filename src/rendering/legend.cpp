@@ -1,13 +1,12 @@
 #include "rendering/legend.h"
 
-#include "core/counted_read.h"
-#include "core/list_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 
 bool Tmxd_legend_class::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return symbol_slot.read(stream, limit) && read_wide_string(stream, label) &&
-         read_bytes(stream, version < 2 ? 22 : 26, bytes1);
+         read_bytes(stream, bytes1, version < 2 ? 22 : 26);
 }
 
 void Tmxd_legend_class::describe(Field_writer& writer) const {

@@ -1,7 +1,8 @@
-// Legends: titled groups of classes, each of them a symbol and the label beside it.
+// Legends: groups with a heading, and classes with a symbol and its label.
 #pragma once
 
 #include "core/object_list.h"
+#include "storage/fixed_bytes.h"
 #include "symbology/symbol.h"
 
 namespace mxd {
@@ -15,7 +16,7 @@ class Tmxd_legend_class final : public Persisted_class<Tmxd_legend_class> {
 
   Tmxd_symbol_slot symbol_slot;
   Wide_string label;
-  Byte_run bytes1;
+  Fixed_bytes<26> bytes1;
 
  protected:
   void describe(Field_writer& writer) const override;

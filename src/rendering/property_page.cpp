@@ -2,29 +2,13 @@
 
 namespace mxd {
 
-std::span<const Guid> property_page_ids() {
+bool skip_property_page(Tmxd_mxd_stream& stream, std::int64_t limit) {
   static constexpr std::array ids = {Tmxd_unique_value_property_page::clsid.guid,
                                      Tmxd_graduated_color_property_page::clsid.guid};
-  return ids;
-}
-
-std::unique_ptr<Tmxd_property_page> create_property_page(const Guid& class_id) {
-  if (class_id == Tmxd_unique_value_property_page::clsid.guid) {
-    return std::make_unique<Tmxd_unique_value_property_page>();
-  }
-  if (class_id == Tmxd_graduated_color_property_page::clsid.guid) {
-    return std::make_unique<Tmxd_graduated_color_property_page>();
-  }
-  return nullptr;
-}
-
-bool Tmxd_property_page_slot::read(Tmxd_mxd_stream& stream, std::int64_t limit) {
-  page_.reset();
-  const Scan_result found = stream.scan(property_page_ids(), -1, limit);
+  const Scan_result found = stream.scan(ids, -1, limit);
   if (!found.hit) return found.ok;
-  page_ = create_property_page(found.hit->class_id);
-  return page_ && stream.seek(static_cast<std::uint64_t>(found.hit->position)) &&
-         read_class_id(stream, page_->class_id().guid) && page_->read_fields(stream, limit);
+  return stream.seek(static_cast<std::uint64_t>(found.hit->position)) &&
+         read_class_id(stream, found.hit->class_id);
 }
 
 }  // namespace mxd

@@ -1,59 +1,25 @@
-// Property pages: the marks that stand behind some renderers. A page is its class id and nothing
-// more, neither numbered nor shown.
+// Property pages follow some renderers. A page consists of its class id alone; it has no number and
+// appears in no output.
 #pragma once
 
-#include <memory>
-#include <span>
-
+#include "core/class_list.h"
 #include "core/mxd_stream.h"
 
 namespace mxd {
 
-class Tmxd_property_page {
- public:
-  Tmxd_property_page() = default;
-  Tmxd_property_page(const Tmxd_property_page&) = delete;
-  Tmxd_property_page& operator=(const Tmxd_property_page&) = delete;
-  virtual ~Tmxd_property_page() = default;
-
-  virtual const Class_id& class_id() const = 0;
-  virtual std::string_view type_name() const = 0;
-  virtual std::string dump_fields(int /*indent*/, int /*step*/) const { return {}; }
-  virtual void write_fields_xml(Tmxd_xml_node /*element*/) const {}
-  virtual bool read_fields(Tmxd_mxd_stream& /*stream*/, std::int64_t /*limit*/) { return true; }
-};
-
-class Tmxd_unique_value_property_page final : public Tmxd_property_page {
- public:
+struct Tmxd_unique_value_property_page {
   static constexpr Class_id clsid{"683C994E-A17B-11D1-8816-080009EC732A"};
-
-  const Class_id& class_id() const override { return clsid; }
-  std::string_view type_name() const override { return "mxd_unique_value_property_page"; }
 };
 
-class Tmxd_graduated_color_property_page final : public Tmxd_property_page {
- public:
+struct Tmxd_graduated_color_property_page {
   static constexpr Class_id clsid{"683C994F-A17B-11D1-8816-080009EC732A"};
-
-  const Class_id& class_id() const override { return clsid; }
-  std::string_view type_name() const override { return "mxd_graduated_color_property_page"; }
 };
 
-std::span<const Guid> property_page_ids();
+using Property_page_classes =
+    Class_list<Tmxd_unique_value_property_page, Tmxd_graduated_color_property_page>;
 
-// Null for the id of anything else.
-std::unique_ptr<Tmxd_property_page> create_property_page(const Guid& class_id);
-
-class Tmxd_property_page_slot {
- public:
-  // True with an empty slot when no page stands before the limit; behind a page the stream stands
-  // right after its id.
-  bool read(Tmxd_mxd_stream& stream, std::int64_t limit);
-
-  Tmxd_property_page* get() const { return page_.get(); }
-
- private:
-  std::unique_ptr<Tmxd_property_page> page_;
-};
+// Moves to the end of the next page before the limit, or stays if there is none. Returns false if
+// the search fails.
+[[nodiscard]] bool skip_property_page(Tmxd_mxd_stream& stream, std::int64_t limit);
 
 }  // namespace mxd

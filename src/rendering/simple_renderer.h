@@ -1,4 +1,4 @@
-// One symbol for all features.
+// Draws all features with one symbol.
 #pragma once
 
 #include "rendering/legend.h"

@@ -1,21 +1,20 @@
 #include "rendering/unique_value_renderer.h"
 
-#include "core/counted_read.h"
-#include "core/object_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {
 
 bool read_unique_value(Tmxd_unique_value& value, Tmxd_mxd_stream& stream) {
-  if (!(stream.budget().spend(sizeof value) && read_wide_string(stream, value.wstr) &&
+  if (!(stream.load().spend(sizeof value) && read_wide_string(stream, value.wstr) &&
         read_number(stream, value.int1) && read_number(stream, value.int2) &&
         read_number(stream, value.int3))) {
     return false;
   }
   if (value.int1 == -1 && value.int2 == -1) {
-    // One more string stands here; the value counts whether or not it can be read.
+    // One more string follows. The value is kept even if the string cannot be read.
     Wide_string ignored;
-    read_wide_string(stream, ignored);
+    static_cast<void>(read_wide_string(stream, ignored));
   }
   return true;
 }
@@ -23,12 +22,12 @@ bool read_unique_value(Tmxd_unique_value& value, Tmxd_mxd_stream& stream) {
 void describe_unique_values(Field_writer& writer, const Tmxd_unique_values& values) {
   writer.group(Key("Tmxd_unique_values", "unique_values"), [&] {
     std::int32_t number = 0;
-    for (const auto& value : values) {
+    for (const Tmxd_unique_value& value : values) {
       writer.group(xml_only("value_", ++number), [&] {
-        writer.text("wstr", value->wstr);
-        writer.integer("int1", value->int1);
-        writer.integer("int2", value->int2);
-        writer.integer("int3", value->int3);
+        writer.text("wstr", value.wstr);
+        writer.integer("int1", value.int1);
+        writer.integer("int2", value.int2);
+        writer.integer("int3", value.int3);
       });
     }
   });
@@ -39,9 +38,9 @@ void describe_unique_values(Field_writer& writer, const Tmxd_unique_values& valu
 bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream) {
   values.clear();
   return read_counted(stream, [&] {
-    auto value = std::make_unique<Tmxd_unique_value>();
-    if (!read_unique_value(*value, stream)) return false;
-    values.append(std::move(value));
+    Tmxd_unique_value value;
+    if (!read_unique_value(value, stream)) return false;
+    values.push_back(std::move(value));
     return true;
   });
 }
@@ -49,20 +48,20 @@ bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream) {
 bool Tmxd_unique_value_renderer::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_number(stream, propname_count) &&
          (propname_count < 1 || read_wide_string(stream, propname1)) &&
-         read_bytes(stream, 3, bytes1) &&
+         read_bytes(stream, bytes1) &&
          (propname_count < 2 || read_wide_string(stream, propname2)) &&
          (propname_count < 3 || read_wide_string(stream, propname3)) &&
-         read_bytes(stream, 10, bytes2) && symbol_slot.read_or_null(stream, limit) &&
+         read_bytes(stream, bytes2) && symbol_slot.read_or_null(stream, limit) &&
          read_number(stream, int2) && read_object(other_leg_grp, stream, -1, limit) &&
          (version < 4 || read_number(stream, ushort10)) &&
-         read_object_if_present(main_leg_grp, stream, limit) &&
-         read_after_main_group(stream) && read_unique_values(unique_values, stream);
+         read_object_if_present(main_leg_grp, stream, limit) && read_after_main_group(stream) &&
+         read_unique_values(unique_values, stream);
 }
 
-// Documents without "all other values" have one legend group, which is read as the other group. Zeros
-// follow it in place of the main group.
+// Documents without "all other values" have one legend group, which is read as the other group.
+// Zeros follow it in place of the main group.
 bool Tmxd_unique_value_renderer::read_after_main_group(Tmxd_mxd_stream& stream) {
-  if (main_leg_grp.exists) return read_bytes(stream, version < 4 ? 16 : 18, bytes3);
+  if (main_leg_grp.exists) return read_bytes(stream, bytes3, version < 4 ? 16 : 18);
   static_cast<void>(skip_null_guid(stream));
   return true;
 }

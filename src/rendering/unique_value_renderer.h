@@ -1,13 +1,15 @@
-// A symbol for each value that up to three attribute fields take together.
+// Draws the features of each combined value of up to three fields with a symbol of its own.
 #pragma once
 
-#include "core/object_list.h"
+#include <vector>
+
 #include "rendering/legend.h"
 #include "rendering/renderer.h"
 
 namespace mxd {
 
-// The symbol of a value stands in the legend; what the integers mean is not known.
+// The symbol of a value is in the legend: class int2 of group int1, both counted from 0 in stream
+// order.
 struct Tmxd_unique_value {
   Wide_string wstr;
   std::int32_t int1 = 0;
@@ -15,10 +17,10 @@ struct Tmxd_unique_value {
   std::int32_t int3 = 0;
 };
 
-using Tmxd_unique_values = Object_list<Tmxd_unique_value>;
+using Tmxd_unique_values = std::vector<Tmxd_unique_value>;
 
-// The first value that cannot be read ends the list.
-bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream);
+// Reads a count and that many values. The first value that cannot be read ends the list.
+[[nodiscard]] bool read_unique_values(Tmxd_unique_values& values, Tmxd_mxd_stream& stream);
 
 class Tmxd_unique_value_renderer final
     : public Persisted_class<Tmxd_unique_value_renderer, Tmxd_renderer> {
@@ -30,14 +32,15 @@ class Tmxd_unique_value_renderer final
 
   std::int32_t propname_count = 0;
   Wide_string propname1, propname2, propname3;
-  Byte_run bytes1, bytes2;
-  // Of the features that have none of the values, and their legend.
+  Fixed_bytes<3> bytes1;
+  Fixed_bytes<10> bytes2;
+  // Default symbol and legend, for features that have none of the values.
   Tmxd_symbol_slot symbol_slot;
   std::int32_t int2 = 0;
   Tmxd_legend_group other_leg_grp;
   std::uint16_t ushort10 = 0;
   Tmxd_legend_group main_leg_grp;
-  Byte_run bytes3;
+  Fixed_bytes<18> bytes3;
   Tmxd_unique_values unique_values;
 
  protected:

@@ -49,11 +49,8 @@ bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out) {
   return ok;
 }
 
-bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out) {
-  out.clear();
-  if (n < 1) return true;
-  out.resize(static_cast<std::size_t>(n));
-  return read_units(stream, std::span(out), 1);
+bool read_bytes(Tmxd_ieee_stream& stream, std::span<std::uint8_t> out) {
+  return read_units(stream, out, 1);
 }
 
 bool read_short_string(Tmxd_ieee_stream& stream, std::string& out) {

@@ -7,6 +7,7 @@
 #include <bit>
 #include <concepts>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "storage/bytes.h"
@@ -45,8 +46,8 @@ bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out);
 // int32 count of bytes, even and 0 to 9999, then the UTF-16 units, closing NULs included.
 bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out);
 
-// A run of n bytes; true without reading when n is below 1.
-bool read_bytes(Tmxd_ieee_stream& stream, std::int32_t n, Byte_run& out);
+// Fills the span; bytes that cannot be read keep their value.
+bool read_bytes(Tmxd_ieee_stream& stream, std::span<std::uint8_t> out);
 
 // One byte of length, then that many bytes.
 bool read_short_string(Tmxd_ieee_stream& stream, std::string& out);

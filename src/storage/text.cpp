@@ -24,22 +24,20 @@ std::string_view truncate_at_nul(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 
-char* put_hex(char* to, const Byte_run& bytes, std::string_view separator) {
+void append_hex(std::string& out, std::span<const std::uint8_t> bytes, std::string_view separator) {
   static constexpr std::string_view digits = "0123456789ABCDEF";
   bool first = true;
   for (const std::uint8_t byte : bytes) {
-    if (!first) to = std::copy(separator.begin(), separator.end(), to);
+    if (!first) out.append(separator);
     first = false;
-    *to++ = digits[byte >> 4];
-    *to++ = digits[byte & 15];
+    out.push_back(digits[byte >> 4]);
+    out.push_back(digits[byte & 15]);
   }
-  return to;
 }
 
-std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator) {
-  if (bytes.empty()) return {};
-  std::string text(bytes.size() * 2 + (bytes.size() - 1) * separator.size(), '\0');
-  put_hex(text.data(), bytes, separator);
+std::string bytes_to_hex(std::span<const std::uint8_t> bytes, std::string_view separator) {
+  std::string text;
+  append_hex(text, bytes, separator);
   return text;
 }
 

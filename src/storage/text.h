@@ -1,6 +1,7 @@
 // Text as the document keeps it (UTF-16) and as the outputs write it (8-bit).
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,8 +30,7 @@ Wide_view trim(Wide_view text);
 std::string_view truncate_at_nul(std::string_view text);
 
 // "00 1A FF": two upper-case digits a byte, the separator between them.
-std::string bytes_to_hex(const Byte_run& bytes, std::string_view separator);
-// The same to where there is room for it; what follows the text is returned.
-char* put_hex(char* to, const Byte_run& bytes, std::string_view separator);
+std::string bytes_to_hex(std::span<const std::uint8_t> bytes, std::string_view separator);
+void append_hex(std::string& out, std::span<const std::uint8_t> bytes, std::string_view separator);
 
 }  // namespace mxd

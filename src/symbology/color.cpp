@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/counted_read.h"
 #include "core/number_text.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {
@@ -44,6 +44,16 @@ void Tmxd_color::describe(Field_writer& writer) const {
   writer.boolean("no_use", get_no_use_flag());
 }
 
+bool Tmxd_lab_color::can_copy(const Tmxd_obj& source) const {
+  return is_of<Tmxd_rgb_color>(source) || is_of<Tmxd_hsv_color>(source);
+}
+
+bool Tmxd_lab_color::copy_from(const Tmxd_obj& source) {
+  if (!can_copy(source)) return false;
+  *this = static_cast<const Tmxd_lab_color&>(source);
+  return true;
+}
+
 bool Tmxd_lab_color::read_fields(Tmxd_mxd_stream& stream, std::int64_t /*limit*/) {
   return read_numbers(stream, stored_bytes[0], stored_bytes[1], stored_bytes[2], lightness, a, b,
                       dither, no_use);
@@ -77,9 +87,8 @@ std::uint8_t Tmxd_cmyk_color::get_rgb(std::uint8_t& red, std::uint8_t& green,
   return blue;
 }
 
-const Object_family& Color_kind::family() {
-  static const Object_family family(
-      {family_row<Tmxd_rgb_color>(), family_row<Tmxd_hsv_color>(), family_row<Tmxd_cmyk_color>()});
+const Object_family& Tmxd_color::family() {
+  static const Object_family family = family_of<Color_classes>();
   return family;
 }
 

@@ -9,9 +9,12 @@ namespace mxd {
 
 class Tmxd_color : public Tmxd_obj {
  public:
+  static const Object_family& family();
+  static constexpr std::string_view empty_key = "color";
+
   virtual bool get_dither_flag() const { return dither == 1; }
   virtual bool get_no_use_flag() const { return no_use == 255; }
-  // The result is the class's own and no measure of success, which is certain.
+  // Always succeeds. The result is not a status; each class defines it.
   virtual std::uint8_t get_rgb(std::uint8_t& red, std::uint8_t& green,
                                std::uint8_t& blue) const = 0;
 
@@ -22,9 +25,11 @@ class Tmxd_color : public Tmxd_obj {
   void describe(Field_writer& writer) const override;
 };
 
-// Rgb and hsv colors are both kept as CIE L*a*b*, and copied from one another.
+// RGB and HSV colors are both stored as CIE L*a*b*; each can be a copy of the other.
 class Tmxd_lab_color : public Tmxd_color {
  public:
+  bool can_copy(const Tmxd_obj& source) const override;
+  bool copy_from(const Tmxd_obj& source) override;
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
   // Always 1.
   std::uint8_t get_rgb(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const override;
@@ -35,13 +40,13 @@ class Tmxd_lab_color : public Tmxd_color {
   double b = 0;
 };
 
-class Tmxd_rgb_color final : public Copyable_class<Tmxd_rgb_color, Tmxd_lab_color, Tmxd_lab_color> {
+class Tmxd_rgb_color final : public Persisted_class<Tmxd_rgb_color, Tmxd_lab_color> {
  public:
   static constexpr Class_id clsid{"7ee9c496-d123-11d0-8383-080009b996cc"};
   static constexpr std::string_view type = "mxd_rgb_color";
 };
 
-class Tmxd_hsv_color final : public Copyable_class<Tmxd_hsv_color, Tmxd_lab_color, Tmxd_lab_color> {
+class Tmxd_hsv_color final : public Persisted_class<Tmxd_hsv_color, Tmxd_lab_color> {
  public:
   static constexpr Class_id clsid{"7ee9c492-d123-11d0-8383-080009b996cc"};
   static constexpr std::string_view type = "mxd_hsv_color";
@@ -64,11 +69,8 @@ class Tmxd_cmyk_color final : public Copyable_class<Tmxd_cmyk_color, Tmxd_color>
   std::uint8_t black = 0;
 };
 
-struct Color_kind {
-  using Held = Tmxd_color;
-  static constexpr std::string_view empty_key = "color";
-  static const Object_family& family();
-};
-using Tmxd_color_slot = Tmxd_slot<Color_kind>;
+using Tmxd_color_slot = Tmxd_slot<Tmxd_color>;
+
+using Color_classes = Class_list<Tmxd_rgb_color, Tmxd_hsv_color, Tmxd_cmyk_color>;
 
 }  // namespace mxd

@@ -16,8 +16,8 @@ void Tmxd_simple_fill_symbol::describe(Field_writer& writer) const {
 bool Tmxd_simple_fill_symbol::copy_fields(const Tmxd_simple_fill_symbol& source) {
   Tmxd_symbol::operator=(source);
   int1 = source.int1;
-  const bool outline_copied = outline.copy(source.outline);
-  return color_slot.copy(source.color_slot) && outline_copied;
+  const bool outline_copied = outline.clone_from(source.outline);
+  return color_slot.clone_from(source.color_slot) && outline_copied;
 }
 
 bool Tmxd_line_fill_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
@@ -42,8 +42,8 @@ bool Tmxd_line_fill_symbol::copy_fields(const Tmxd_line_fill_symbol& source) {
   angle = source.angle;
   offset = source.offset;
   separation = source.separation;
-  const bool pattern_copied = pattern.copy(source.pattern);
-  return outline.copy(source.outline) && pattern_copied;
+  const bool pattern_copied = pattern.clone_from(source.pattern);
+  return outline.clone_from(source.outline) && pattern_copied;
 }
 
 bool Tmxd_marker_fill_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
@@ -68,7 +68,7 @@ void Tmxd_marker_fill_symbol::describe(Field_writer& writer) const {
 bool Tmxd_picture_fill_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return color_slot1.read_or_null(stream, limit) && color_slot2.read_or_null(stream, limit) &&
          color_slot3.read_or_null(stream, limit) && outline.read(stream, limit) &&
-         read_bytes(stream, 87, bytes1);
+         read_bytes(stream, bytes1);
 }
 
 void Tmxd_picture_fill_symbol::describe(Field_writer& writer) const {

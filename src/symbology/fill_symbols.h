@@ -1,6 +1,7 @@
 // Symbols drawn over an area.
 #pragma once
 
+#include "storage/fixed_bytes.h"
 #include "symbology/color.h"
 #include "symbology/symbol_lists.h"
 
@@ -20,7 +21,7 @@ class Tmxd_simple_fill_symbol final
 
  protected:
   void describe(Field_writer& writer) const override;
-  // True when outline and color were copied.
+  // Returns true if outline and color were copied.
   bool copy_fields(const Tmxd_simple_fill_symbol& source) override;
 };
 
@@ -40,7 +41,7 @@ class Tmxd_line_fill_symbol final : public Copyable_class<Tmxd_line_fill_symbol,
 
  protected:
   void describe(Field_writer& writer) const override;
-  // True when pattern and outline were copied. What the symbol is as a layer stays.
+  // Returns true if pattern and outline were copied. Enabled, locked and tag are not copied.
   bool copy_fields(const Tmxd_line_fill_symbol& source) override;
 };
 
@@ -66,12 +67,13 @@ class Tmxd_marker_fill_symbol final
   void describe(Field_writer& writer) const override;
 };
 
-// The picture itself is not kept.
+// The picture itself is not decoded.
 class Tmxd_picture_fill_symbol final
     : public Copyable_class<Tmxd_picture_fill_symbol, Tmxd_fill_symbol> {
  public:
   static constexpr Class_id clsid{"D842B082-330C-11D2-9168-0000F87808EE"};
   static constexpr std::string_view type = "mxd_picture_fill_symbol";
+  static constexpr Search in_slots = Search::ignores;
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
@@ -79,7 +81,7 @@ class Tmxd_picture_fill_symbol final
   Tmxd_color_slot color_slot2;
   Tmxd_color_slot color_slot3;
   Tmxd_symbol_slot outline;
-  Byte_run bytes1;
+  Fixed_bytes<87> bytes1;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -90,6 +92,7 @@ class Tmxd_multilayer_fill_symbol final
  public:
   static constexpr Class_id clsid{"7914E604-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_fill_symbol";
+  static constexpr Search in_lists = Search::ignores;
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 

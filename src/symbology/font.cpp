@@ -1,6 +1,6 @@
 #include "symbology/font.h"
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 

@@ -1,4 +1,4 @@
-// The font of a character marker: an OLE standard font, kept as a record of its owner.
+// The font of a character marker: an OLE standard font, stored as a record of its owner.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace mxd {
 
 class Tmxd_font {
  public:
-  bool read(Tmxd_ieee_stream& stream);
+  [[nodiscard]] bool read(Tmxd_ieee_stream& stream);
   void describe(Field_writer& writer) const;
 
   double size_in_points() const { return size * 0.001; }

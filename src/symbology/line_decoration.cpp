@@ -1,8 +1,7 @@
 #include "symbology/line_decoration.h"
 
-#include "core/counted_read.h"
-#include "core/list_read.h"
 #include "core/number_text.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {
@@ -20,8 +19,8 @@ std::string comma_separated(const std::vector<double>& values) {
 
 bool Tmxd_simple_line_decoration_element::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   positions.clear();
-  return read_numbers(stream, unfixed_angle, flip_first, flip_all) &&
-         read_bytes(stream, 2, bytes1) && marker.read(stream, limit) && read_counted(stream, [&] {
+  return read_numbers(stream, unfixed_angle, flip_first, flip_all) && read_bytes(stream, bytes1) &&
+         marker.read(stream, limit) && read_counted(stream, [&] {
            double position = 0;
            if (!read_number(stream, position)) return false;
            positions.push_back(position);
@@ -37,8 +36,8 @@ void Tmxd_simple_line_decoration_element::describe(Field_writer& writer) const {
   writer.slot("marker", marker);
   writer.narrow_text(dump_only("positions"), comma_separated(positions));
   writer.group(xml_only("positions"), [&] {
-    std::int32_t place = 0;
-    for (const double position : positions) writer.real(xml_only("pos_", ++place), position);
+    std::int32_t list_number = 0;
+    for (const double position : positions) writer.real(xml_only("pos_", ++list_number), position);
   });
 }
 
@@ -49,15 +48,15 @@ bool Tmxd_simple_line_decoration_element::copy_fields(
   flip_all = source.flip_all;
   bytes1 = source.bytes1;
   positions = source.positions;
-  return marker.copy(source.marker);
+  return marker.clone_from(source.marker);
 }
 
-const Object_family& Line_decoration_element_kind::family() {
-  static const Object_family family({family_row<Tmxd_simple_line_decoration_element>()});
+const Object_family& Tmxd_line_decoration_element::family() {
+  static const Object_family family = family_of<Line_decoration_element_classes>();
   return family;
 }
 
-// The elements stand one right behind the other and are not searched for.
+// The elements follow each other without gaps and are not searched for.
 bool Tmxd_line_decoration::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   drop_all(elements, stream);
   return read_counted(stream, [&] {

@@ -1,14 +1,18 @@
-// What is drawn along a line: markers at positions of it.
+// Markers drawn at positions along a line.
 #pragma once
 
 #include <vector>
 
 #include "core/object_list.h"
+#include "storage/fixed_bytes.h"
 #include "symbology/symbol.h"
 
 namespace mxd {
 
-class Tmxd_line_decoration_element : public Tmxd_obj {};
+class Tmxd_line_decoration_element : public Tmxd_obj {
+ public:
+  static const Object_family& family();
+};
 
 class Tmxd_simple_line_decoration_element final
     : public Copyable_class<Tmxd_simple_line_decoration_element, Tmxd_line_decoration_element> {
@@ -21,20 +25,23 @@ class Tmxd_simple_line_decoration_element final
   std::uint8_t unfixed_angle = 0;
   std::uint8_t flip_first = 0;
   std::uint8_t flip_all = 0;
-  Byte_run bytes1;
+  Fixed_bytes<2> bytes1;
   Tmxd_symbol_slot marker;
   std::vector<double> positions;
 
  protected:
   void describe(Field_writer& writer) const override;
-  // True when the marker was copied.
+  // Returns true if the marker was copied.
   bool copy_fields(const Tmxd_simple_line_decoration_element& source) override;
 };
 
-struct Line_decoration_element_kind {
-  using Held = Tmxd_line_decoration_element;
-  static const Object_family& family();
-};
+using Line_decoration_element_classes = Class_list<Tmxd_simple_line_decoration_element>;
+
+// Calls the visitor with the element as its own class.
+template <class Visitor>
+decltype(auto) visit(const Tmxd_line_decoration_element& element, Visitor&& visitor) {
+  return visit_as(Line_decoration_element_classes(), element, std::forward<Visitor>(visitor));
+}
 
 class Tmxd_line_decoration final : public Copyable_class<Tmxd_line_decoration> {
  public:
@@ -43,11 +50,11 @@ class Tmxd_line_decoration final : public Copyable_class<Tmxd_line_decoration> {
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
-  Cloned_list<Line_decoration_element_kind> elements;
+  Cloned_list<Tmxd_line_decoration_element> elements;
 
  protected:
   void describe(Field_writer& writer) const override;
-  // Always false.
+  // Always returns false.
   bool copy_fields(const Tmxd_line_decoration& source) override;
 };
 

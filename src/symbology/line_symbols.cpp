@@ -15,9 +15,9 @@ void Tmxd_simple_line_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_cartographic_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_numbers(stream, cap, join, width, byte1, offset) && color_slot.read(stream, limit) &&
-         read_object_or_zeros(line_template, stream, limit) &&
-         read_object_or_zeros(line_decoration, stream, limit) && read_symbol_trailer(stream) &&
-         read_numbers(stream, byte2, dbl1, dbl2);
+         read_object_or_null(line_template, stream, limit, Back_reference::copies) &&
+         read_object_or_null(line_decoration, stream, limit, Back_reference::copies) &&
+         read_symbol_trailer(stream) && read_numbers(stream, byte2, dbl1, dbl2);
 }
 
 void Tmxd_cartographic_line_symbol::describe(Field_writer& writer) const {
@@ -36,11 +36,11 @@ void Tmxd_cartographic_line_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_hash_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   if (!read_numbers(stream, angle, cap, join, width, byte1)) return false;
-  // The bytes are taken even where what stands before them cannot be read.
+  // The bytes are consumed even if a field before them cannot be read.
   const bool ok = read_number(stream, offset) && line_slot.read(stream, limit) &&
                   color_slot.read(stream, limit) &&
-                  read_object_or_zeros(line_template, stream, limit);
-  return read_bytes(stream, 16, bytes1) && ok && read_symbol_trailer(stream) &&
+                  read_object_or_null(line_template, stream, limit, Back_reference::copies);
+  return read_bytes(stream, bytes1) && ok && read_symbol_trailer(stream) &&
          read_numbers(stream, byte2, dbl1, dbl2);
 }
 
@@ -62,8 +62,8 @@ void Tmxd_hash_line_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_marker_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_numbers(stream, leading_byte, offset) && pattern_marker.read(stream, limit) &&
-         read_object_or_zeros(line_template, stream, -1) && read_bytes(stream, 16, bytes1) &&
-         read_symbol_trailer(stream) && read_bytes(stream, 25, bytes2);
+         read_object_or_null(line_template, stream, -1, Back_reference::copies) &&
+         read_bytes(stream, bytes1) && read_symbol_trailer(stream) && read_bytes(stream, bytes2);
 }
 
 void Tmxd_marker_line_symbol::describe(Field_writer& writer) const {

@@ -1,6 +1,7 @@
 // Symbols drawn along a line.
 #pragma once
 
+#include "storage/fixed_bytes.h"
 #include "symbology/color.h"
 #include "symbology/line_decoration.h"
 #include "symbology/line_template.h"
@@ -63,7 +64,7 @@ class Tmxd_hash_line_symbol final : public Copyable_class<Tmxd_hash_line_symbol,
   Tmxd_symbol_slot line_slot;
   Tmxd_color_slot color_slot;
   Tmxd_line_template line_template;
-  Byte_run bytes1;
+  Fixed_bytes<16> bytes1;
   std::uint8_t byte2 = 0;
   double dbl1 = 0, dbl2 = 0;
 
@@ -79,12 +80,13 @@ class Tmxd_marker_line_symbol final
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
-  // Not shown.
+  // In neither output.
   std::uint8_t leading_byte = 0;
   double offset = 0;
   Tmxd_symbol_slot pattern_marker;
   Tmxd_line_template line_template;
-  Byte_run bytes1, bytes2;
+  Fixed_bytes<16> bytes1;
+  Fixed_bytes<25> bytes2;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -95,6 +97,7 @@ class Tmxd_multilayer_line_symbol final
  public:
   static constexpr Class_id clsid{"7914E5FA-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_line_symbol";
+  static constexpr Search in_lists = Search::ignores;
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 

@@ -1,7 +1,6 @@
 #include "symbology/line_template.h"
 
-#include "core/counted_read.h"
-#include "core/mxd_stream.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 
@@ -18,9 +17,9 @@ bool Tmxd_line_template::read_fields(Tmxd_mxd_stream& stream, std::int64_t /*lim
 void Tmxd_line_template::describe(Field_writer& writer) const {
   writer.real("pattern_interval", pattern_interval);
   writer.group(xml_only("items"), [&] {
-    std::int32_t place = 0;
+    std::int32_t list_number = 0;
     for (const Tmxd_line_template_item& item : items) {
-      writer.group(xml_only("item_", ++place), [&] {
+      writer.group(xml_only("item_", ++list_number), [&] {
         writer.real("filled", item.filled);
         writer.real("empty", item.empty);
       });

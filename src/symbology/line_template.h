@@ -1,4 +1,4 @@
-// A line's dash pattern: drawn and blank lengths in turn.
+// A line's dash pattern: alternating drawn and blank lengths.
 #pragma once
 
 #include <vector>

@@ -6,7 +6,7 @@ bool Tmxd_simple_marker_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_
   return color.read(stream, limit) && read_numbers(stream, size, simple_marker_style) &&
          read_symbol_trailer(stream) &&
          read_numbers(stream, angle, x_offset, y_offset, outline_flag, outline_width) &&
-         outline_color.read(stream, limit) && read_bytes(stream, 2, closing_bytes);
+         outline_color.read(stream, limit) && read_bytes(stream, closing_bytes);
 }
 
 void Tmxd_simple_marker_symbol::describe(Field_writer& writer) const {
@@ -31,7 +31,7 @@ bool Tmxd_char_marker_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t 
          (version < 3 || read_named_font(stream));
 }
 
-// Version 2 has no name but that of the font.
+// Version 2 stores the name in the font record only.
 bool Tmxd_char_marker_symbol::read_font(Tmxd_mxd_stream& stream) {
   if (!font.read(stream)) return false;
   font_name = narrow_to_wide(font.font_name);
@@ -40,7 +40,7 @@ bool Tmxd_char_marker_symbol::read_font(Tmxd_mxd_stream& stream) {
 
 bool Tmxd_char_marker_symbol::read_named_font(Tmxd_mxd_stream& stream) {
   return read_wide_string(stream, font_name) && read_numbers(stream, dbl3, dbl4, byte1, byte2) &&
-         read_bytes(stream, 4, bytes1) && read_bytes(stream, 6, bytes2) &&
+         read_bytes(stream, bytes1) && read_bytes(stream, bytes2) &&
          (version < 4 || font.read(stream));
 }
 
@@ -58,7 +58,7 @@ void Tmxd_char_marker_symbol::describe(Field_writer& writer) const {
 bool Tmxd_arrow_marker_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return color_slot.read(stream, limit) && read_numbers(stream, size, width, angle, unused_uint1) &&
          read_symbol_trailer(stream) && read_numbers(stream, x_offset, y_offset) &&
-         read_bytes(stream, 2, bytes2);
+         read_bytes(stream, bytes2);
 }
 
 void Tmxd_arrow_marker_symbol::describe(Field_writer& writer) const {
@@ -75,7 +75,7 @@ void Tmxd_arrow_marker_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_picture_marker_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return color_slot1.read_or_null(stream, limit) && color_slot2.read_or_null(stream, limit) &&
-         read_bytes(stream, 65, bytes1);
+         read_bytes(stream, bytes1);
 }
 
 void Tmxd_picture_marker_symbol::describe(Field_writer& writer) const {

@@ -1,6 +1,7 @@
-// Symbols drawn at a point. Fields that neither output shows stand behind the others.
+// Symbols drawn at a point. In each class, fields that are not written to the outputs come last.
 #pragma once
 
+#include "storage/fixed_bytes.h"
 #include "symbology/color.h"
 #include "symbology/font.h"
 #include "symbology/symbol_lists.h"
@@ -25,7 +26,7 @@ class Tmxd_simple_marker_symbol final
   double outline_width = 0;
   Tmxd_color_slot outline_color;
 
-  Byte_run closing_bytes;
+  Fixed_bytes<2> closing_bytes;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -50,7 +51,8 @@ class Tmxd_char_marker_symbol final
 
   double dbl1 = 0, dbl2 = 0, dbl3 = 0, dbl4 = 0;
   std::uint8_t byte1 = 0, byte2 = 0;
-  Byte_run bytes1, bytes2;
+  Fixed_bytes<4> bytes1;
+  Fixed_bytes<6> bytes2;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -71,30 +73,31 @@ class Tmxd_arrow_marker_symbol final
   double size = 0;
   double width = 0;
   double angle = 0;
-  // Shown, but in no stream.
-  Byte_run bytes1;
+  // Written to both outputs, but never read: always empty.
+  Fixed_bytes<1> bytes1;
   std::int32_t unused_uint1 = 0;
   double x_offset = 0;
   double y_offset = 0;
-  Byte_run bytes2;
+  Fixed_bytes<2> bytes2;
   Tmxd_color_slot color_slot;
 
  protected:
   void describe(Field_writer& writer) const override;
 };
 
-// The picture itself is not kept.
+// The picture itself is not decoded.
 class Tmxd_picture_marker_symbol final
     : public Copyable_class<Tmxd_picture_marker_symbol, Tmxd_marker_symbol> {
  public:
   static constexpr Class_id clsid{"7914E602-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_picture_marker_symbol";
+  static constexpr Search in_slots = Search::ignores;
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 
   Tmxd_color_slot color_slot1;
   Tmxd_color_slot color_slot2;
-  Byte_run bytes1;
+  Fixed_bytes<65> bytes1;
 
  protected:
   void describe(Field_writer& writer) const override;
@@ -105,6 +108,7 @@ class Tmxd_multilayer_marker_symbol final
  public:
   static constexpr Class_id clsid{"7914E5FF-C892-11D0-8BB6-080009EE4E41"};
   static constexpr std::string_view type = "mxd_multilayer_marker_symbol";
+  static constexpr Search in_lists = Search::factory_only;
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override;
 

@@ -1,4 +1,4 @@
-#include "core/error_sink.h"
+#include "core/load_observer.h"
 
 namespace mxd {
 
@@ -7,9 +7,9 @@ std::string error_line(const Read_error& error) {
   return line.append(error.type_name).append("  ").append(std::to_string(error.position));
 }
 
-void File_error_sink::read_failed(const Read_error& error) {
+void File_error_reporter::read_failed(const Read_error& error) {
   const std::string line = error_line(error) + "\n";
-  // There is nobody to tell when this fails.
+  // A failure here cannot be reported anywhere.
   static_cast<void>(std::fwrite(line.data(), 1, line.size(), file_));
   static_cast<void>(std::fflush(file_));
 }
