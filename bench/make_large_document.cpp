@@ -8,7 +8,7 @@
 #include <map>
 
 #include "class_ids.h"
-#include "rendering/property_page.h"
+#include "document/classes.h"
 #include "storage/compound_file.h"
 #include "storage/unicode.h"
 #include "support/compound_builder.h"
@@ -20,7 +20,7 @@ using namespace mxd;
 // Property pages and fonts have no number after their class id.
 bool has_number(const Guid& id) {
   constexpr Class_id font("0be35203-8f91-11ce-9de3-00aa004bb851");
-  const auto pages = property_page_ids();
+  const auto pages = class_ids_of<Property_page_classes>();
   return id != font.guid && std::ranges::find(pages, id) == pages.end();
 }
 

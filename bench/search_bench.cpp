@@ -4,7 +4,7 @@
 #include <random>
 
 #include "benchmarks.h"
-#include "document/known_class_scanner.h"
+#include "document/classes.h"
 #include "storage/compound_file.h"
 
 namespace mxd::bench {

@@ -166,7 +166,7 @@ struct Comma final : std::numpunct<char> {
 TEST(Boundary, the_outputs_do_not_depend_on_the_hosts_locale) {
   const Temp_file file(sample_document());
   const auto outputs = [&] {
-    class Silent final : public Error_sink {
+    class Silent final : public Load_observer {
       void read_failed(const Read_error&) override {}
     } errors;
     Tmxd_mxd document;

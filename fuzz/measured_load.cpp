@@ -1,38 +1,30 @@
 #include "measured_load.h"
 
-#include "core/mxd_stream.h"
 #include "counted_memory.h"
-#include "document/known_class_scanner.h"
 #include "document/mxd.h"
 #include "storage/compound_file.h"
+#include "support/object_builder.h"
 #include "support/temp_file.h"
 
 namespace mxd::fuzz {
 namespace {
 
-class Counted_errors final : public Error_sink {
- public:
-  void read_failed(const Read_error&) override { ++count; }
-  std::uint64_t count = 0;
-};
-
 void decode(Tmxd_stream_m& bytes, Tmxd_mxd& document, Work& work) {
-  Counted_errors errors;
-  Tmxd_mxd_stream stream(bytes, known_class_scanner(), errors);
-  work.loaded =
-      stream.seek(0) && read_number(stream, document.int1) && read_maps(document.maps, stream);
-  work.spent = stream.budget().used();
-  work.limit = stream.budget().limit();
-  work.exhausted = stream.budget().exhausted();
-  work.objects = stream.counts().objects;
-  work.search_steps = stream.counts().search_steps;
-  work.errors = errors.count;
+  test::Recorded_errors observer;
+  Load load(observer, bytes.get_size());
+  work.loaded = document.load_maps(bytes, {}, load);
+  work.spent = load.budget().used();
+  work.limit = load.budget().limit();
+  work.exhausted = load.budget().exhausted();
+  work.objects = observer.objects;
+  work.search_steps = observer.search_steps;
+  work.errors = observer.lines.size();
 }
 
 void write_outputs(const Tmxd_mxd& document, Work& work) {
   static const test::Temp_file xml;
   work.output = document.dump(0, 2).size();
-  document.save_xml(xml.path());
+  static_cast<void>(document.save_xml(xml.path()));
   work.memory = peak_memory();
   work.output += xml.contents().size();
 }
@@ -59,7 +51,7 @@ Work work_of_stream(const Byte_run& maps) {
   forget_peak();
   {
     Tmxd_stream_m bytes;
-    bytes.write(maps.data(), 1, maps.size());
+    static_cast<void>(bytes.write(maps.data(), 1, maps.size()));
     decode(bytes, document, work);
   }
   write_outputs(document, work);

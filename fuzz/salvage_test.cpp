@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "document/known_class_scanner.h"
+#include "document/classes.h"
 #include "storage/compound_file.h"
 #include "support/compound_builder.h"
 #include "support/document_records.h"
@@ -34,10 +34,11 @@ std::vector<std::string> layer_dumps(const Byte_run& maps) {
   Decoder decoder(Bytes().raw({reinterpret_cast<const char*>(maps.data()), maps.size()}));
   std::uint32_t count = 0;
   Tmxd_maps found;
-  if (!read_number(decoder.stream, count) || !read_maps(found, decoder.stream)) return {};
+  if (!read_number(decoder.stream, count) || !read_all_found(found, decoder.stream, -1, -1))
+    return {};
   std::vector<std::string> dumps;
-  for (const auto& map : found) {
-    for (const auto& layer : map->layers) dumps.push_back(dump_of(*layer));
+  for (const Tmxd_map* map : found) {
+    for (const Tmxd_layer* layer : map->layers) dumps.push_back(dump_of(*layer));
   }
   return dumps;
 }

@@ -2,7 +2,7 @@
 // ids, the candidates, the start and the limit.
 #include <vector>
 
-#include "document/known_class_scanner.h"
+#include "document/classes.h"
 #include "support/naive_search.h"
 #include "target.h"
 

@@ -39,6 +39,13 @@ bool is_of(const Object& object) {
   return object.class_id().guid == Class::clsid.guid;
 }
 
+// The object as this class, or null if it is of another class or absent. Where every class matters,
+// use visit() instead.
+template <class Class, class Object>
+const Class* as(const Object* object) {
+  return object && is_of<Class>(*object) ? static_cast<const Class*>(object) : nullptr;
+}
+
 // A visitor made of one function for each class, or for a base of several.
 template <class... Functions>
 struct Overloaded : Functions... {

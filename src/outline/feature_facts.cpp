@@ -204,7 +204,7 @@ Feature_facts read_feature_facts(const Tmxd_feature_layer& layer, Byte_search& s
     facts.definition_query = read_definition_query(stream.view(fields_end, end));
   }
   facts.labels = read_labels(stream, fields_end, end);
-  const auto* renderer = dynamic_cast<const Tmxd_class_breaks_renderer*>(layer.renderer.get());
+  const auto* renderer = as<Tmxd_class_breaks_renderer>(layer.renderer.get());
   if (renderer && inside(renderer->legend_end)) {
     const auto legend_end = static_cast<std::uint64_t>(renderer->legend_end);
     read_class_breaks(stream.view(legend_end, end), facts);

@@ -91,7 +91,7 @@ class Reader {
     for (const auto& layer : map_.map->layers) {
       place = std::find_if(place, places_.end(), [&](const auto& p) { return p.is(*layer); });
       if (place == places_.end()) return;
-      decoded_.emplace(place++->position, layer.get());
+      decoded_.emplace(place++->position, layer);
     }
   }
 
@@ -205,7 +205,7 @@ class Reader {
         record.parent = open.back().index;
         --open.back().left;
       }
-      const auto* group = dynamic_cast<const Tmxd_group_layer*>(record.layer);
+      const auto* group = as<Tmxd_group_layer>(record.layer);
       if (group && !group->repeat) open.push_back({i, group->layer_count});
       while (!open.empty() && open.back().left <= 0) open.pop_back();
     }
@@ -214,7 +214,7 @@ class Reader {
   // A layer's fields end where the next layer begins, as they do for the load.
   void read_facts() {
     for (Layer_record& record : records_) {
-      const auto* layer = dynamic_cast<const Tmxd_feature_layer*>(record.layer);
+      const auto* layer = as<Tmxd_feature_layer>(record.layer);
       if (!layer || layer->repeat) continue;
       const auto next =
           std::ranges::upper_bound(places_, record.position, {}, &Object_place::position);

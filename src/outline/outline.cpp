@@ -21,7 +21,7 @@ std::vector<Map_outline> place_maps(const Tmxd_mxd& document, Byte_search& strea
     if (map->repeat) continue;
     if (!maps.empty()) maps.back().end = position;
     Map_outline outline;
-    outline.map = map.get();
+    outline.map = map;
     outline.position = position;
     outline.end = size;
     outline.decoded_end = place == places.end() ? size : place->position;

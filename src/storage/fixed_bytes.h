@@ -16,6 +16,7 @@ namespace mxd {
 template <std::size_t max_size>
 class Fixed_bytes {
  public:
+  std::size_t size() const { return size_; }
   operator std::span<const std::uint8_t>() const { return std::span(bytes_).first(size_); }
 
   std::span<std::uint8_t> zeros(std::size_t size) {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "core/list_read.h"
+#include "core/read_helpers.h"
 #include "document/names.h"
 #include "support/object_builder.h"
 
@@ -27,11 +27,11 @@ bool or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
 bool if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
   return read_object_if_present(object, stream, -1);
 }
-bool or_skip(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
-  return read_object_or_skip(object, stream, -1);
+bool copy_if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
+  return read_object_if_present(object, stream, -1, Back_reference::copies);
 }
-bool or_zeros(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
-  return read_object_or_zeros(object, stream, -1);
+bool copy_or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
+  return read_object_or_null(object, stream, -1, Back_reference::copies);
 }
 
 // A workspace name of number 5 is read first, then what follows it through the entry point.
@@ -74,12 +74,12 @@ TEST(Object_read, the_entry_points_differ_in_what_absence_and_back_references_me
       {"if present foreign", if_present, foreign, true, 0, 0, "", 0, ""},
       {"if present at the end", if_present, Bytes().zeros(15), true, 0, 0, "", 0, ""},
       {"if present cut", if_present, cut_name, false, 1, 0, "n", 28, cut_name_line},
-      {"or skip again", or_skip, again, true, 1, 1, "old", 20, ""},
-      {"or skip foreign", or_skip, foreign, true, 0, 0, "", 0, ""},
-      {"or skip at the end", or_skip, Bytes().zeros(15), true, 0, 0, "", 0, ""},
-      {"or zeros again", or_zeros, again, true, 1, 1, "old", 20, ""},
-      {"or zeros absent", or_zeros, null, true, 0, 0, "", 16, ""},
-      {"or zeros foreign", or_zeros, foreign, false, 1, 0, "", 16, ""},
+      {"copy if present again", copy_if_present, again, true, 1, 1, "old", 20, ""},
+      {"copy if present foreign", copy_if_present, foreign, true, 0, 0, "", 0, ""},
+      {"copy if present at the end", copy_if_present, Bytes().zeros(15), true, 0, 0, "", 0, ""},
+      {"copy or null again", copy_or_null, again, true, 1, 1, "old", 20, ""},
+      {"copy or null absent", copy_or_null, null, true, 0, 0, "", 16, ""},
+      {"copy or null foreign", copy_or_null, foreign, false, 1, 0, "", 16, ""},
   };
   const Bytes old = Bytes().object(workspace_id, 5, 2, Bytes().wide("old"));
   ASSERT_EQ(32U, old.size());
@@ -133,16 +133,15 @@ TEST(Object_read, the_first_object_registered_under_a_number_keeps_it) {
 }
 
 // Objects that hold the same class again, as deep as the data says.
-class Nest;
-struct Nest_kind {
-  using Held = Nest;
-  static const Object_family& family();
-};
-
 class Nest final : public Copyable_class<Nest> {
  public:
   static constexpr Class_id clsid{"00000000-0000-0000-0000-0000000000AA"};
   static constexpr std::string_view type = "nest";
+
+  static const Object_family& family() {
+    static const Object_family family = family_of<Class_list<Nest>>();
+    return family;
+  }
 
   bool read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) override {
     std::uint8_t count = 0;
@@ -153,18 +152,13 @@ class Nest final : public Copyable_class<Nest> {
     return true;
   }
 
-  Cloned_list<Nest_kind> held;
+  Cloned_list<Nest> held;
 
  protected:
   void describe(Field_writer& writer) const override {
-    for (const auto& nest : held) writer.object("nest", *nest);
+    for (const Nest* nest : held) writer.object("nest", *nest);
   }
 };
-
-const Object_family& Nest_kind::family() {
-  static const Object_family family({family_row<Nest>()});
-  return family;
-}
 
 Bytes nested(int levels) {
   Bytes bytes;
@@ -181,7 +175,7 @@ TEST(Object_read, nesting_ends_silently_at_a_hundred_levels) {
   Decoder too_deep(nested(101));
   Nest deeper;
   EXPECT_FALSE(mandatory(deeper, too_deep.stream));
-  // The innermost read says nothing; each of the hundred around it does.
+  // The innermost read reports nothing; each of the hundred around it does.
   EXPECT_EQ(100U, too_deep.errors.lines.size());
 }
 
@@ -198,7 +192,7 @@ TEST(Object_read, copies_count_as_the_levels_that_they_stand_for) {
     nests.push_back(std::make_unique<Nest>());
   } while (mandatory(*nests.back(), decoder.stream));
   EXPECT_EQ(101U, nests.size());
-  // Nobody is told of what the guard refuses but those around it.
+  // The refused read reports nothing; the read around it does.
   EXPECT_EQ(Names({"ERROR IN 101 nest  4280"}), decoder.errors.lines);
 }
 

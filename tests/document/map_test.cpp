@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "core/read_helpers.h"
 #include "support/document_records.h"
 #include "support/golden.h"
 
@@ -8,7 +9,9 @@ namespace {
 
 // The layers of one map that holds this.
 struct Loaded {
-  explicit Loaded(const Bytes& bytes) : decoder(bytes) { ok = read_maps(maps, decoder.stream); }
+  explicit Loaded(const Bytes& bytes) : decoder(bytes) {
+    ok = read_all_found(maps, decoder.stream, -1, -1);
+  }
 
   Decoder decoder;
   Tmxd_maps maps;

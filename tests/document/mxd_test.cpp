@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "document/known_class_scanner.h"
 #include "support/compound_builder.h"
 #include "support/object_builder.h"
 #include "support/temp_file.h"
@@ -79,21 +78,6 @@ TEST(Document, no_file_that_breaks_off_does_harm_on_disk_or_in_memory) {
     EXPECT_EQ(length == whole.size(), from_memory.load(memory, cut.path(), errors)) << length;
     EXPECT_EQ(from_disk.filename, from_memory.filename);
     EXPECT_EQ(from_disk.dump(0, 2), from_memory.dump(0, 2));
-  }
-}
-
-TEST(Document, knows_the_ids_of_every_family) {
-  const auto known = known_class_scanner().table().class_ids();
-  EXPECT_NE(known.end(), std::find(known.begin(), known.end(), Tmxd_map::clsid.guid));
-  for (const Object_family* family :
-       {&map_family(), &layer_family(), &Coordinate_system_kind::family(),
-        &Feature_class_name_kind::family(), &Raster_dataset_name_kind::family(),
-        &Renderer_kind::family()}) {
-    for (const Guid& id : family->candidates()) {
-      EXPECT_TRUE(std::binary_search(known.begin(), known.end(), id));
-      EXPECT_EQ(id, family->create(id)->class_id().guid);
-    }
-    EXPECT_EQ(nullptr, family->create(Guid{}));
   }
 }
 

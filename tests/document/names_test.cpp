@@ -93,7 +93,7 @@ TEST(Slots, find_replace_and_keep_what_fails) {
   EXPECT_FALSE(slot.read(decoder.stream, -1, -1));
   EXPECT_EQ(2, slot.get()->number);
   // What the slot held before can still be referred to.
-  EXPECT_EQ(1, decoder.stream.registry().find(1)->object->number);
+  EXPECT_EQ(1, decoder.stream.load().find(1)->object->number);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 
 using namespace mxd;
 
-class No_errors final : public Error_sink {
+class No_errors final : public Load_observer {
  public:
   void read_failed(const Read_error&) override {}
 };

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "storage/fixed_bytes.h"
 #include "support/object_builder.h"
 
 namespace mxd::test {
@@ -77,11 +78,11 @@ TEST(Primitives, narrow_strings_and_byte_runs) {
     EXPECT_EQ(c.position, decoder.stream.tell());
   }
   Decoder cut(Bytes().counting(3));
-  Byte_run run = {9};
-  EXPECT_TRUE(read_bytes(cut.stream, 0, run));
-  EXPECT_TRUE(run.empty());
-  EXPECT_FALSE(read_bytes(cut.stream, 5, run));
-  EXPECT_EQ((Byte_run{1, 2, 3, 0, 0}), run);
+  Fixed_bytes<5> run;
+  EXPECT_TRUE(read_bytes(cut.stream, run, 0));
+  EXPECT_EQ(bytes_to_hex(run, ""), "");
+  EXPECT_FALSE(read_bytes(cut.stream, run));
+  EXPECT_EQ(bytes_to_hex(run, ""), "0102030000");
   EXPECT_EQ(3U, cut.stream.tell());
 }
 
@@ -117,14 +118,14 @@ TEST(Primitives, guids_class_ids_and_the_symbol_trailer) {
 
 TEST(Load_budget, once_spent_every_read_fails) {
   Decoder decoder(Bytes().zeros(8));
-  const std::uint64_t limit = decoder.stream.budget().limit();
+  const std::uint64_t limit = decoder.stream.load().budget().limit();
   EXPECT_EQ((std::uint64_t{4} << 20) + 16 * 8, limit);
-  EXPECT_TRUE(decoder.stream.budget().spend(limit - 3));
+  EXPECT_TRUE(decoder.load.spend(limit - 3));
   std::int32_t number = 0;
   std::uint8_t byte = 0;
   EXPECT_FALSE(read_number(decoder.stream, number));
   EXPECT_FALSE(read_number(decoder.stream, byte));
-  EXPECT_FALSE(decoder.stream.budget().spend(std::numeric_limits<std::uint64_t>::max()));
+  EXPECT_FALSE(decoder.load.spend(std::numeric_limits<std::uint64_t>::max()));
 }
 
 }  // namespace

@@ -57,8 +57,8 @@ TEST(Text, names_are_equal_whatever_their_case) {
 
 TEST(Text, bytes_to_hex_separates_pairs) {
   EXPECT_EQ(bytes_to_hex({}, " "), "");
-  EXPECT_EQ(bytes_to_hex({0x0A, 0xFF}, " "), "0A FF");
-  EXPECT_EQ(bytes_to_hex({0x00, 0x1A, 0xFF}, ""), "001AFF");
+  EXPECT_EQ(bytes_to_hex(Byte_run{0x0A, 0xFF}, " "), "0A FF");
+  EXPECT_EQ(bytes_to_hex(Byte_run{0x00, 0x1A, 0xFF}, ""), "001AFF");
 }
 
 TEST(Text, until_nul_cuts_eight_bit_text) {

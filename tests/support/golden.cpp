@@ -34,7 +34,7 @@ std::string as_section(const std::string& text) {
   std::string result;
   for (const char c : text) {
     const auto byte = static_cast<std::uint8_t>(c);
-    result += byte < 0x80 ? std::string(1, c) : "\\x" + bytes_to_hex({byte}, "");
+    result += byte < 0x80 ? std::string(1, c) : "\\x" + bytes_to_hex(Byte_run{byte}, "");
   }
   return result.ends_with("\n") ? result : result + "\n";
 }

@@ -1,9 +1,9 @@
 #include "support/object_builder.h"
 
 #include <bit>
+#include <cstdio>
 
-#include "document/known_class_scanner.h"
-#include "support/temp_file.h"
+#include "document/classes.h"
 
 namespace mxd::test {
 
@@ -65,27 +65,37 @@ Bytes Bytes::prefix(std::size_t count) const {
 namespace {
 
 void fill(Tmxd_stream_m& memory, const Bytes& bytes) {
-  memory.write(bytes.data().data(), 1, bytes.size());
-  memory.seek(0);
+  EXPECT_TRUE(bytes.size() == 0 || memory.write(bytes.data().data(), 1, bytes.size()));
+  EXPECT_TRUE(memory.seek(0));
 }
 
 }  // namespace
 
 Decoder::Decoder(const Bytes& bytes)
-    : stream((fill(memory_, bytes), memory_), known_class_scanner(), errors) {}
+    : load(errors, bytes.size()),
+      stream((fill(memory_, bytes), memory_), known_class_scanner(), load) {}
 
 std::string dump_of(const Tmxd_obj& object) {
-  std::string out = "to be cleared";
-  object.dump_object_text(out, 0, 2);
+  std::string out;
+  object.append_object_text(out, 0, 2);
   return out;
 }
 
+std::string xml_document(std::string_view root, const std::function<void(Xml_builder&)>& build) {
+  static std::FILE* file = std::tmpfile();
+  std::rewind(file);
+  Xml_builder xml(file, Xml_name(root));
+  build(xml);
+  xml.finish();
+  std::string text(static_cast<std::size_t>(std::ftell(file)), '\0');
+  std::rewind(file);
+  EXPECT_EQ(std::fread(text.data(), 1, text.size(), file), text.size());
+  return text;
+}
+
 std::string xml_of(const Tmxd_obj& object, std::string_view name) {
-  Xml_tree tree("root");
-  object.write_object_xml(tree.root(), Xml_name(name));
-  const Temp_file file;
-  EXPECT_TRUE(xml_save_file(file.path(), tree.root()));
-  const std::string text = file.text();
+  const std::string text =
+      xml_document("root", [&](Xml_builder& xml) { object.write_object_xml(xml, Xml_name(name)); });
   const std::size_t begin = text.find("<root>\n") + 7;
   return text.substr(begin, text.rfind("\n</root>") - begin);
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -89,11 +90,16 @@ class Packed : public Bytes {
   void put(const Bytes& bytes) { add(bytes); }
 };
 
-class Recorded_errors final : public Error_sink {
+// Records the errors of a load and counts its work.
+class Recorded_errors final : public Load_observer {
  public:
   void read_failed(const Read_error& error) override { lines.push_back(error_line(error)); }
+  void object_begun() override { ++objects; }
+  void searched(std::size_t steps) override { search_steps += steps; }
 
   std::vector<std::string> lines;
+  std::uint64_t objects = 0;
+  std::uint64_t search_steps = 0;
 };
 
 // A stream over these bytes, as a load has it, at position 0.
@@ -106,11 +112,14 @@ class Decoder {
 
  public:
   Recorded_errors errors;
+  Load load;
   Tmxd_mxd_stream stream;
 };
 
 std::string dump_of(const Tmxd_obj& object);
-// The element of that name as the file has it, from its "<" on.
+// A whole XML document.
+std::string xml_document(std::string_view root, const std::function<void(Xml_builder&)>& build);
+// The object's element as in the file, from its "<" on.
 std::string xml_of(const Tmxd_obj& object, std::string_view name = "it");
 
 // No prefix of a valid object may be taken for one; what was read of it must not leak or crash the
@@ -127,8 +136,7 @@ void expect_prefixes_fail(const Bytes& record, std::size_t complete_from) {
       EXPECT_TRUE(ok) << T::type << " whole";
     }
     EXPECT_FALSE(dump_of(object).empty());
-    Xml_tree tree("root");
-    object.write_object_xml(tree.root(), "it");
+    EXPECT_FALSE(xml_of(object).empty());
   }
 }
 

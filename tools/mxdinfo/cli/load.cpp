@@ -15,7 +15,7 @@ namespace {
 // Compound files of this kind end there.
 constexpr std::size_t max_document_size = std::size_t{1} << 31;
 
-class Error_collector final : public mxd::Error_sink {
+class Error_collector final : public mxd::Load_observer {
  public:
   explicit Error_collector(std::vector<Decode_error>& errors) : errors_(errors) {}
   void read_failed(const mxd::Read_error& error) override {

@@ -22,7 +22,7 @@ template <class List>
 std::optional<std::string> color_of_layers(const List& layers, int depth) {
   for (const auto& layer : layers) {
     if (!layer->enabled) continue;
-    if (auto color = color_within(layer.get(), depth + 1)) return color;
+    if (auto color = color_within(layer, depth + 1)) return color;
   }
   return std::nullopt;
 }

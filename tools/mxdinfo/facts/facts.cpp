@@ -50,7 +50,7 @@ std::vector<Layer_place> placed_layers(const Tmxd_map& map) {
   std::vector<Layer_place> places;
   Group_nesting nesting;
   for (const auto& layer : map.layers) {
-    places.push_back({layer.get(), nesting.groups()});
+    places.push_back({layer, nesting.groups()});
     nesting.passed(*layer);
   }
   return places;

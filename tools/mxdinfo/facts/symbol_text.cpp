@@ -106,7 +106,7 @@ std::string fill_text(const Tmxd_symbol& symbol) {
 template <class List>
 std::vector<const Tmxd_symbol*> pointers(const List& list) {
   std::vector<const Tmxd_symbol*> layers;
-  for (const auto& layer : list) layers.push_back(layer.get());
+  for (const auto& layer : list) layers.push_back(layer);
   return layers;
 }
 

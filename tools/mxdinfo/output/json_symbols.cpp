@@ -65,7 +65,7 @@ Json template_json(const Tmxd_line_template& line_template) {
 Json decoration_json(const Tmxd_line_decoration& decoration) {
   Json elements = Json::array();
   for (const auto& item : decoration.elements) {
-    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item.get());
+    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item);
     if (!element) continue;
     elements.push_back({{"marker", symbol_json(element->marker.get())},
                         {"positions", element->positions},
@@ -198,7 +198,7 @@ void add(Json& json, const Tmxd_picture_fill_symbol& symbol) {
 template <class List>
 void add_layers(Json& json, const List& layers) {
   json["layers"] = Json::array();
-  for (const auto& layer : layers) json["layers"].push_back(symbol_json(layer.get()));
+  for (const auto& layer : layers) json["layers"].push_back(symbol_json(layer));
 }
 
 void add(Json& json, const Tmxd_multilayer_marker_symbol& symbol) {

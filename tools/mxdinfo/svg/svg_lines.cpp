@@ -135,7 +135,7 @@ void draw_cartographic(Canvas& canvas, const Tmxd_cartographic_line_symbol& symb
   stroke(canvas, moved, symbol.color_slot, symbol.width,
          cap_and_join(symbol.cap, symbol.join) + dashes_of(symbol.line_template));
   for (const auto& item : symbol.line_decoration.elements) {
-    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item.get());
+    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item);
     if (element) draw_decoration(canvas, *element, moved, level);
   }
 }
@@ -202,7 +202,7 @@ double line_reach(const Tmxd_symbol* symbol, int level) {
   if (const auto* layers = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
     double reach = 0;
     for (const auto& layer : layers->line_symbols) {
-      if (layer->enabled) reach = std::max(reach, line_reach(layer.get(), level + 1));
+      if (layer->enabled) reach = std::max(reach, line_reach(layer, level + 1));
     }
     return reach;
   }

@@ -192,7 +192,7 @@ double marker_reach(const Tmxd_symbol* symbol, int level) {
   if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
     double reach = 0;
     for (const auto& layer : layers->marker_symbols) {
-      if (layer->enabled) reach = std::max(reach, marker_reach(layer.get(), level + 1));
+      if (layer->enabled) reach = std::max(reach, marker_reach(layer, level + 1));
     }
     return reach;
   }
