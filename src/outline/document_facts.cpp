@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 #include "outline/byte_view.h"
 
 namespace mxd {

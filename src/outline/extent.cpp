@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 #include "document/layer.h"
 #include "rendering/class_breaks_renderer.h"
 #include "symbology/color.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 #include "document/coordinate_system.h"
 #include "outline/layer_kind.h"
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <set>
 
-#include "core/counted_read.h"
+#include "core/read_helpers.h"
 
 namespace mxd {
 namespace {
