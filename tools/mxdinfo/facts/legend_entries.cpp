@@ -67,8 +67,8 @@ std::vector<Legend_entry> unique_value_entries(const Tmxd_unique_value_renderer&
   const std::size_t fields = renderer_fields(renderer).size();
   std::vector<Legend_entry> unplaced;
   for (const auto& value : renderer.unique_values) {
-    auto texts = split(utf8(value->wstr), separator, fields);
-    const auto place = places.find({value->int1, value->int2});
+    auto texts = split(utf8(value.wstr), separator, fields);
+    const auto place = places.find({value.int1, value.int2});
     Legend_entry& entry = place == places.end() ? unplaced.emplace_back() : entries[place->second];
     entry.values.push_back(std::move(texts));
   }
@@ -106,10 +106,12 @@ std::vector<Legend_entry> legend_entries(const Tmxd_renderer& renderer, Class_or
 // A text of two characters, as ", ", with its size in bytes before it.
 std::string value_separator(const Tmxd_renderer& renderer) {
   const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer);
-  if (!unique || unique->bytes2.size() != 10 || unique->bytes2[0] != 6) return {};
+  if (!unique) return {};
+  const std::span<const std::uint8_t> bytes = unique->bytes2;
+  if (bytes.size() != 10 || bytes[0] != 6) return {};
   Wide_string text;
   for (std::size_t at = 4; at < 8; at += 2) {
-    text.push_back(static_cast<Wide_char>(unique->bytes2[at] | unique->bytes2[at + 1] << 8));
+    text.push_back(static_cast<Wide_char>(bytes[at] | bytes[at + 1] << 8));
   }
   return utf8(text);
 }

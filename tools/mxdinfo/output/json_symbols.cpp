@@ -76,7 +76,7 @@ Json decoration_json(const Tmxd_line_decoration& decoration) {
   return elements;
 }
 
-double double_at(const Byte_run& bytes, std::size_t at) {
+double double_at(std::span<const std::uint8_t> bytes, std::size_t at) {
   std::uint64_t bits = 0;
   for (std::size_t i = 8; i-- > 0;) bits = bits << 8 | bytes[at + i];
   return std::bit_cast<double>(bits);
@@ -119,7 +119,7 @@ void add(Json& json, const Tmxd_arrow_marker_symbol& symbol) {
 void add(Json& json, const Tmxd_picture_marker_symbol& symbol) {
   constexpr std::size_t trailer_at = 48;
   constexpr std::uint8_t trailer = 13;
-  const Byte_run& bytes = symbol.bytes1;
+  const std::span<const std::uint8_t> bytes = symbol.bytes1;
   const bool fits = bytes.size() > trailer_at && bytes[trailer_at] == trailer;
   const auto number = [&](std::size_t at) {
     return fits ? Json(double_at(bytes, at)) : Json(nullptr);
