@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
 #include <memory>
 
@@ -101,6 +102,17 @@ TEST(Object_read, the_entry_points_differ_in_what_absence_and_back_references_me
       EXPECT_EQ(0, name.version);
     }
   }
+}
+
+TEST(Load_observer, a_failed_read_is_one_flushed_line) {
+  std::FILE* file = std::tmpfile();
+  File_error_reporter(file).read_failed({12, "mxd_feature_layer", 4711});
+  std::rewind(file);
+  std::array<char, 100> line{};
+  EXPECT_NE(std::fgets(line.data(), line.size(), file), nullptr);
+  EXPECT_STREQ(line.data(), "ERROR IN 12 mxd_feature_layer  4711\n");
+  EXPECT_EQ(std::fgetc(file), EOF);
+  std::fclose(file);
 }
 
 TEST(Object_read, an_object_of_another_class_under_the_number_is_not_copied) {

@@ -150,7 +150,7 @@ TEST(Unique_value_renderer, reads_what_count_and_version_say) {
   const Bytes values = Bytes().i32(1).add(unique_value("v", 1, 2, 3));
   for (const int names : {-1, 0, 1, 2, 3, 4}) {
     for (const int version : {3, 4}) {
-      for (const Main main : {Main::absent, Main::present, Main::reference}) {
+      for (const Main main : {Main::absent, Main::zeros, Main::present, Main::reference}) {
         SCOPED_TRACE(testing::Message() << names << " names, version " << version << ", main "
                                         << static_cast<int>(main));
         const Bytes record = unique_value_renderer(names, version, main, values);
@@ -162,12 +162,14 @@ TEST(Unique_value_renderer, reads_what_count_and_version_say) {
         EXPECT_EQ(renderer.propname2, from_ascii(names >= 2 ? "CLASS" : ""));
         EXPECT_EQ(renderer.propname3, from_ascii(names >= 3 ? "KIND" : ""));
         EXPECT_EQ(renderer.ushort10, version >= 4 ? 65535 : 0);
-        EXPECT_EQ(renderer.main_leg_grp.exists, main != Main::absent);
+        EXPECT_EQ(renderer.main_leg_grp.exists, main >= Main::present);
         EXPECT_EQ(renderer.main_leg_grp.repeat, main == Main::reference);
         EXPECT_EQ(renderer.main_leg_grp.label, from_ascii(main == Main::present ? "main" : ""));
-        EXPECT_EQ(renderer.bytes3.size(), main == Main::absent ? 0u : version < 4 ? 16u : 18u);
+        EXPECT_EQ(renderer.bytes3.size(), main < Main::present ? 0u : version < 4 ? 16u : 18u);
         ASSERT_EQ(renderer.unique_values.size(), 1u);
-        expect_prefixes_fail<Tmxd_unique_value_renderer>(record);
+        // Zeros that are cut short are read as a count of no values.
+        if (names == 3 && main != Main::zeros)
+          expect_prefixes_fail<Tmxd_unique_value_renderer>(record);
       }
     }
   }
@@ -215,6 +217,17 @@ TEST(Unique_values, end_at_the_budget) {
   EXPECT_TRUE(decoder.load.spend(decoder.load.budget().limit() - record.size()));
   Tmxd_unique_values values;
   EXPECT_FALSE(read_unique_values(values, decoder.stream));
+}
+
+TEST(Unique_value_renderer, zeros_mean_no_default_symbol) {
+  const Bytes record =
+      unique_value_renderer(1, 4, Main::present, Bytes().i32(0), Bytes().zeros(16));
+  Decoder decoder(Bytes().add(record).add(line_symbol(9, 1)));
+  Tmxd_unique_value_renderer renderer;
+  EXPECT_TRUE(read_object(renderer, decoder.stream, -1, -1));
+  EXPECT_EQ(renderer.symbol_slot.get(), nullptr);
+  EXPECT_EQ(renderer.int2, -2);
+  EXPECT_EQ(decoder.stream.tell(), record.size());
 }
 
 TEST(Ranges, claimed_counts) {

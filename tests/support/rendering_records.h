@@ -37,7 +37,9 @@ inline Bytes class_breaks_renderer(int number, const Bytes& ranges) {
                             legend_group(number + 1, "People")));
 }
 
-enum class Main { absent, present, reference };
+// The second legend group of a unique value renderer; zeros mean that real documents have one
+// group.
+enum class Main { absent, zeros, present, reference };
 
 // With as many names as a renderer of that count has, and the version's own fields.
 inline Bytes unique_value_renderer(int names, int version, Main main, const Bytes& values,
@@ -52,7 +54,8 @@ inline Bytes unique_value_renderer(int names, int version, Main main, const Byte
   if (version >= 4) fields.u16(65535);
   if (main == Main::present) fields.add(legend_group(22, "main"));
   if (main == Main::reference) fields.reference(Tmxd_legend_group::clsid, 21);
-  if (main != Main::absent) fields.counting(version < 4 ? 16 : 18);
+  if (main == Main::zeros) fields.zeros(16);
+  if (main >= Main::present) fields.counting(version < 4 ? 16 : 18);
   return Bytes().object(Tmxd_unique_value_renderer::clsid, 20, version, fields.add(values));
 }
 

@@ -51,6 +51,29 @@ TEST(Char_marker, reads_what_its_version_has) {
   }
 }
 
+// A color after the symbol must not fill a slot that zeros leave empty.
+TEST(Picture_symbols, zeros_mean_no_color) {
+  const Bytes red = record("red", 40);
+  for (int empty = 0; empty < 3; ++empty) {
+    SCOPED_TRACE(empty);
+    Bytes colors[3];
+    for (int i = 0; i < 3; ++i) colors[i] = i == empty ? Bytes().zeros(16) : record("red", 50 + i);
+    Tmxd_picture_fill_symbol fill;
+    EXPECT_TRUE(read_as(fill, 1,
+                        Packed(colors[0], colors[1], colors[2], record("line", 60), run(87), red)));
+    EXPECT_EQ(fill.color_slot1.get() == nullptr, empty == 0);
+    EXPECT_EQ(fill.color_slot2.get() == nullptr, empty == 1);
+    EXPECT_EQ(fill.color_slot3.get() == nullptr, empty == 2);
+    EXPECT_EQ(bytes_to_hex(fill.bytes1, ""), bytes_to_hex(run(87).data(), ""));
+    if (empty == 2) continue;
+    Tmxd_picture_marker_symbol marker;
+    EXPECT_TRUE(read_as(marker, 1, Packed(colors[0], colors[1], run(65), red)));
+    EXPECT_EQ(marker.color_slot1.get() == nullptr, empty == 0);
+    EXPECT_EQ(marker.color_slot2.get() == nullptr, empty == 1);
+    EXPECT_EQ(bytes_to_hex(marker.bytes1, ""), bytes_to_hex(run(65).data(), ""));
+  }
+}
+
 TEST(Font, flags_size_and_name) {
   for (const bool styled : {false, true}) {
     Decoder decoder(font(1, styled ? 0x0E : 0x01).prefix(styled ? 36 : 34));
