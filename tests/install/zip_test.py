@@ -20,6 +20,7 @@ lib/cmake/vqk_file_mxd/vqk_file_mxd-targets.cmake
 lib/libvqk_file_mxd.a
 lib/libvqk_file_mxd.dll.a
 lib/pkgconfig/vqk_file_mxd.pc
+lib/pkgconfig/vqk_file_mxd_static.pc
 lib/vqk_file_mxd.def
 lib/vqk_file_mxd.lib
 share/doc/vqk-file-mxd/LICENSE
