@@ -51,7 +51,7 @@ Byte_run maps_stream(const Wide_string& document) {
 Seeds stream_seeds() {
   Seeds seeds = renderer_seeds();
   for (const Class_row& row : class_table()) {
-    seeds.emplace_back(row.name, in_simple_renderer(record(row, 5)).data());
+    seeds.emplace_back(row.type, in_simple_renderer(record(row, 5)).data());
   }
   const Byte_run sample = maps_stream(Temp_file(sample_document()).path());
   seeds.emplace_back("sample", sample);

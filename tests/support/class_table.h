@@ -1,4 +1,4 @@
-// Every class of the symbology, with a record of it.
+// A valid record of every class in src/symbology.
 #pragma once
 
 #include <algorithm>
@@ -6,14 +6,11 @@
 #include <sstream>
 
 #include "support/object_builder.h"
-#include "symbology/fill_symbols.h"
-#include "symbology/line_symbols.h"
-#include "symbology/marker_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxd::test {
 
 struct Class_row {
-  const char* name;
   std::string_view type;
   Class_id class_id;
   int version;
@@ -24,9 +21,8 @@ struct Class_row {
 };
 
 template <class T>
-Class_row class_row(const char* name, int version, Bytes (*fields)(int number, int mark)) {
-  return {name,
-          T::type,
+Class_row class_row(int version, Bytes (*fields)(int number, int mark)) {
+  return {T::type,
           T::clsid,
           version,
           fields,
@@ -36,10 +32,11 @@ Class_row class_row(const char* name, int version, Bytes (*fields)(int number, i
 
 const std::vector<Class_row>& class_table();
 
+// The row of a class by its name without "Tmxd_".
 inline const Class_row& row_named(std::string_view name) {
   const auto& rows = class_table();
   const auto found = std::find_if(rows.begin(), rows.end(),
-                                  [&](const Class_row& row) { return name == row.name; });
+                                  [&](const Class_row& row) { return row.type.substr(4) == name; });
   return found == rows.end() ? throw std::string(name) : *found;
 }
 

@@ -4,25 +4,30 @@ namespace {
 
 // A fill that is whole, or lacks a slot, and what it says of its copy. All is copied all the same.
 TEST(Symbol_copies, say_whether_the_slots_were_copied) {
-  const Bytes line = record("line", 1);
-  const Bytes hollow = Packed(record("line", 2), trailer(13), -1);
+  const Bytes line = record("simple_line_symbol", 1);
+  const Bytes hollow = Packed(record("simple_line_symbol", 2), trailer(13), -1);
   struct Case {
     const char* name;
     Bytes fields;
     bool result;
   };
   const Case cases[] = {
-      {"fill", Packed(line, record("red", 3), trailer(13), 4), true},
-      {"fill", Packed(record("red", 3), trailer(13), 4), false},
-      {"fill", Packed(line, trailer(13), 4), false},
-      {"hatch", Packed(1.0, 2.0, line, reference("line", 1), 4.0, 5.0, 6.0, trailer(13)), true},
-      {"hatch", Packed(1.0, 2.0, line, 4.0, 5.0, 6.0, trailer(13)), false},
-      {"element", Packed(run(5), line, 1, 2.0), true},
-      {"element", Packed(run(5), 1, 2.0), false},
-      {"element", Packed(run(5), Bytes().object(Tmxd_simple_fill_symbol::clsid, 6, 1, hollow), 0),
+      {"simple_fill_symbol", Packed(line, record("rgb_color", 3), trailer(13), 4), true},
+      {"simple_fill_symbol", Packed(record("rgb_color", 3), trailer(13), 4), false},
+      {"simple_fill_symbol", Packed(line, trailer(13), 4), false},
+      {"line_fill_symbol",
+       Packed(1.0, 2.0, line, reference("simple_line_symbol", 1), 4.0, 5.0, 6.0, trailer(13)),
+       true},
+      {"line_fill_symbol", Packed(1.0, 2.0, line, 4.0, 5.0, 6.0, trailer(13)), false},
+      {"simple_line_decoration_element", Packed(run(5), line, 1, 2.0), true},
+      {"simple_line_decoration_element", Packed(run(5), 1, 2.0), false},
+      {"simple_line_decoration_element",
+       Packed(run(5), Bytes().object(Tmxd_simple_fill_symbol::clsid, 6, 1, hollow), 0), false},
+      {"line_decoration",
+       Packed(2, record("simple_line_decoration_element", 1),
+              record("simple_line_decoration_element", 2)),
        false},
-      {"decor", Packed(2, record("element", 1), record("element", 2)), false},
-      {"scatter", Packed(1, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, trailer(13), 7.0), true},
+      {"marker_fill_symbol", Packed(1, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, trailer(13), 7.0), true},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -38,15 +43,15 @@ TEST(Symbol_copies, say_whether_the_slots_were_copied) {
 
 // A multilayer line of a marker line of a multilayer marker; then a reference to the inmost symbol.
 TEST(Symbol_copies, reach_through_nested_symbols) {
-  const Bytes trail =
-      Packed(byte(9), 1.5, record("markers", 3), record("dash", 4), run(16), trailer(13), run(25));
+  const Bytes trail = Packed(byte(9), 1.5, record("multilayer_marker_symbol", 3),
+                             record("line_template", 4), run(16), trailer(13), run(25));
   const Bytes nested = Packed(
       trailer(13), 1, Bytes().object(Tmxd_marker_line_symbol::clsid, 2, 1, trail), 0, 1, "tag");
   Decoder decoder(Bytes()
                       .object(Tmxd_multilayer_line_symbol::clsid, 1, 2, nested)
-                      .add(reference("lines", 1))
-                      .add(reference("trail", 2))
-                      .add(reference("stamp", 33)));
+                      .add(reference("multilayer_line_symbol", 1))
+                      .add(reference("marker_line_symbol", 2))
+                      .add(reference("picture_marker_symbol", 33)));
   Tmxd_multilayer_line_symbol lines, again;
   Tmxd_marker_line_symbol layer;
   Tmxd_picture_marker_symbol picture;
@@ -66,12 +71,13 @@ TEST(Symbol_copies, reach_through_nested_symbols) {
 // Each decoration refers twice to the one before: forty of them would be a trillion. Their copies
 // always answer false.
 Bytes chain_of_decorations() {
-  Bytes chain = record("decor", 5);
+  Bytes chain = record("line_decoration", 5);
   for (int n = 6; n < 46; ++n) {
     Bytes elements = Packed(2);
     for (const int number : {100 * n, 100 * n + 2}) {
-      const Bytes road = Packed(1, 2, 3.0, byte(4), 5.0, Bytes().null_object(),
-                                reference("decor", n - 1), trailer(13), byte(6), 7.0, 8.0);
+      const Bytes road =
+          Packed(1, 2, 3.0, byte(4), 5.0, Bytes().null_object(),
+                 reference("line_decoration", n - 1), trailer(13), byte(6), 7.0, 8.0);
       const Bytes marker = Bytes().object(Tmxd_cartographic_line_symbol::clsid, number, 1, road);
       elements.object(Tmxd_simple_line_decoration_element::clsid, number + 1, 1,
                       Packed(run(5), marker, 0));
@@ -94,9 +100,10 @@ TEST(Symbol_copies, end_at_the_budget) {
 
 TEST(Symbol_copies, pay_for_the_tag_that_the_layer_was_given) {
   const Bytes tag = Bytes().wide(std::string(4000, 'x'));
-  const Bytes layers = Packed(trailer(13), 1, record("line", 2), 1, 0, tag);
-  Decoder decoder(
-      Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, layers).add(reference("line", 2)));
+  const Bytes layers = Packed(trailer(13), 1, record("simple_line_symbol", 2), 1, 0, tag);
+  Decoder decoder(Bytes()
+                      .object(Tmxd_multilayer_line_symbol::clsid, 1, 2, layers)
+                      .add(reference("simple_line_symbol", 2)));
   Tmxd_multilayer_line_symbol lines;
   ASSERT_TRUE(read_object(lines, decoder.stream, -1, -1));
   const std::uint64_t before = decoder.stream.load().budget().used();

@@ -6,9 +6,9 @@ namespace {
 
 // A slot passes over the picture, and does not look past its limit.
 TEST(Symbol_slot, search) {
-  const auto behind = static_cast<std::int64_t>(record("stamp", 1).size());
+  const auto behind = static_cast<std::int64_t>(record("picture_marker_symbol", 1).size());
   for (const std::int64_t limit : {std::int64_t{-1}, behind + 16, behind + 15}) {
-    Decoder decoder(Packed(record("stamp", 1), record("line", 2)));
+    Decoder decoder(Packed(record("picture_marker_symbol", 1), record("simple_line_symbol", 2)));
     Tmxd_symbol_slot slot;
     static_cast<void>(slot.read(decoder.stream, limit));
     EXPECT_EQ(slot.get() != nullptr, limit != behind + 15);
@@ -38,14 +38,17 @@ void expect_layers(const char* name, List T::*list, int version, bool tagged) {
 
 TEST(Symbol_lists, have_tags_from_a_version_on) {
   for (const int version : {1, 2, 3}) {
-    expect_layers("markers", &Tmxd_multilayer_marker_symbol::marker_symbols, version, version >= 3);
-    expect_layers("lines", &Tmxd_multilayer_line_symbol::line_symbols, version, version >= 2);
-    expect_layers("fills", &Tmxd_multilayer_fill_symbol::fill_symbols, version, version >= 2);
+    expect_layers("multilayer_marker_symbol", &Tmxd_multilayer_marker_symbol::marker_symbols,
+                  version, version >= 3);
+    expect_layers("multilayer_line_symbol", &Tmxd_multilayer_line_symbol::line_symbols, version,
+                  version >= 2);
+    expect_layers("multilayer_fill_symbol", &Tmxd_multilayer_fill_symbol::fill_symbols, version,
+                  version >= 2);
   }
 }
 
 TEST(Symbol_lists, keep_the_layers_before_a_failure) {
-  const Bytes two = Packed(record("line", 1), record("rail", 2));
+  const Bytes two = Packed(record("simple_line_symbol", 1), record("hash_line_symbol", 2));
   struct Case {
     const char* what;
     Bytes bytes;
@@ -56,8 +59,10 @@ TEST(Symbol_lists, keep_the_layers_before_a_failure) {
       {"none", Packed(0, two), true, ""},
       {"negative", Packed(-1, two), true, ""},
       {"more than stand there", Packed(0x7FFFFFFF, two), false, "10 10 "},
-      {"the second one fails", Packed(2, record("line", 1), record("rail", 2, 12)), false, "10 "},
-      {"one of another kind", Packed(2, record("line", 1), record("dash", 3)), false, "10 "},
+      {"the second one fails",
+       Packed(2, record("simple_line_symbol", 1), record("hash_line_symbol", 2, 12)), false, "10 "},
+      {"one of another kind",
+       Packed(2, record("simple_line_symbol", 1), record("line_template", 3)), false, "10 "},
       {"cut in the first flags", Packed(2, two, 0), false, "00 10 "},
       {"cut in the second flags", Packed(2, two, 0, 0, 1), false, "01 00 "},
   };

@@ -53,14 +53,16 @@ TEST(Char_marker, reads_what_its_version_has) {
 
 // A color after the symbol must not fill a slot that zeros leave empty.
 TEST(Picture_symbols, zeros_mean_no_color) {
-  const Bytes red = record("red", 40);
+  const Bytes red = record("rgb_color", 40);
   for (int empty = 0; empty < 3; ++empty) {
     SCOPED_TRACE(empty);
     Bytes colors[3];
-    for (int i = 0; i < 3; ++i) colors[i] = i == empty ? Bytes().zeros(16) : record("red", 50 + i);
+    for (int i = 0; i < 3; ++i)
+      colors[i] = i == empty ? Bytes().zeros(16) : record("rgb_color", 50 + i);
     Tmxd_picture_fill_symbol fill;
-    EXPECT_TRUE(read_as(fill, 1,
-                        Packed(colors[0], colors[1], colors[2], record("line", 60), run(87), red)));
+    EXPECT_TRUE(read_as(
+        fill, 1,
+        Packed(colors[0], colors[1], colors[2], record("simple_line_symbol", 60), run(87), red)));
     EXPECT_EQ(fill.color_slot1.get() == nullptr, empty == 0);
     EXPECT_EQ(fill.color_slot2.get() == nullptr, empty == 1);
     EXPECT_EQ(fill.color_slot3.get() == nullptr, empty == 2);
@@ -90,16 +92,16 @@ TEST(Font, flags_size_and_name) {
 
 TEST(Symbols, keep_what_stands_before_a_foreign_trailer) {
   Tmxd_simple_marker_symbol dot;
-  EXPECT_FALSE(read_as(dot, 1, row_named("dot").fields(5, 12)));
+  EXPECT_FALSE(read_as(dot, 1, row_named("simple_marker_symbol").fields(5, 12)));
   EXPECT_TRUE(dot.color.get() && dot.simple_marker_style == -3 && dot.angle == 0);
   Tmxd_simple_line_symbol line;
-  EXPECT_FALSE(read_as(line, 1, row_named("line").fields(5, 12)));
+  EXPECT_FALSE(read_as(line, 1, row_named("simple_line_symbol").fields(5, 12)));
   EXPECT_TRUE(line.color_slot.get() && line.line_type == -2);
   Tmxd_line_fill_symbol hatch;
-  EXPECT_FALSE(read_as(hatch, 1, row_named("hatch").fields(5, 12)));
+  EXPECT_FALSE(read_as(hatch, 1, row_named("line_fill_symbol").fields(5, 12)));
   EXPECT_TRUE(hatch.outline.get() && hatch.separation == 6);
   Tmxd_simple_fill_symbol fill;
-  EXPECT_FALSE(read_as(fill, 1, row_named("fill").fields(5, 12)));
+  EXPECT_FALSE(read_as(fill, 1, row_named("simple_fill_symbol").fields(5, 12)));
   EXPECT_TRUE(fill.color_slot.get() && fill.int1 == 0);
 }
 
@@ -109,10 +111,11 @@ TEST(Hash_line, takes_its_bytes_behind_a_failed_slot) {
     Bytes fields;
     std::size_t taken;
   };
-  for (const Case& c : {Case{Packed(head, record("line", 6, 12), run(40)), 16},
-                        {Packed(head, record("line", 6), Bytes().guid({{1}}), run(40)), 16},
-                        {head.prefix(27), 16},
-                        {head.prefix(24), 0}}) {
+  for (const Case& c :
+       {Case{Packed(head, record("simple_line_symbol", 6, 12), run(40)), 16},
+        {Packed(head, record("simple_line_symbol", 6), Bytes().guid({{1}}), run(40)), 16},
+        {head.prefix(27), 16},
+        {head.prefix(24), 0}}) {
     Tmxd_hash_line_symbol symbol;
     EXPECT_FALSE(read_as(symbol, 1, c.fields));
     EXPECT_EQ(symbol.bytes1.size(), c.taken);
@@ -153,8 +156,9 @@ TEST(Line_parts, claimed_counts) {
     EXPECT_EQ(element.positions.size(), c.kept);
     EXPECT_EQ(dump_of(element).find("\n  positions = \n") != std::string::npos, c.kept == 0);
     Tmxd_line_decoration decor;
-    const Bytes two = Packed(record("element", 6), record("element", 7));
-    EXPECT_EQ(read_as(decor, 1, Packed(c.count, two, record("dash", 8))), c.ok);
+    const Bytes two = Packed(record("simple_line_decoration_element", 6),
+                             record("simple_line_decoration_element", 7));
+    EXPECT_EQ(read_as(decor, 1, Packed(c.count, two, record("line_template", 8))), c.ok);
     EXPECT_EQ(decor.elements.size(), c.kept);
   }
 }
