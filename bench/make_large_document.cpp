@@ -25,11 +25,11 @@ bool has_number(const Guid& id) {
 }
 
 std::vector<std::size_t> number_places(std::span<const std::uint8_t> stream) {
-  const Class_id_scanner filter(fuzz::all_class_ids());
+  const Class_id_scanner scanner(fuzz::all_class_ids());
   std::vector<std::size_t> result;
-  for (const Class_id_place& place : filter.places(stream)) {
-    const Guid& id = filter.table().class_ids()[place.class_index];
-    const auto number = static_cast<std::size_t>(place.position) + 16;
+  for (const auto& occurrence : scanner.find_all(stream)) {
+    const Guid& id = scanner.class_ids()[occurrence.class_index];
+    const auto number = static_cast<std::size_t>(occurrence.position) + 16;
     if (has_number(id) && number + 2 <= stream.size()) result.push_back(number);
   }
   return result;
@@ -68,7 +68,7 @@ Byte_run enlarged(std::span<const std::uint8_t> stream, std::size_t size) {
 int main(int argc, char** argv) {
   if (argc != 4) return 2;
   Tmxd_stream_m maps;
-  if (read_named_stream(path_from_bytes(argv[1]), from_ascii("Maps"), maps) == 0) return 1;
+  if (!read_named_stream(path_from_bytes(argv[1]), from_ascii("Maps"), maps)) return 1;
   if (maps.get_size() < 1024) return 1;
   const auto size = static_cast<std::size_t>(std::atoi(argv[2])) << 20;
   const Byte_run file = test::Compound_file().stream("Maps", enlarged(maps.bytes(), size)).build();

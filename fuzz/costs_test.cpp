@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <functional>
+#include <map>
 
 #include "measured_load.h"
 #include "rendering/property_page.h"
-#include "support/compound_builder.h"
+#include "support/damaged_files.h"
 #include "support/document_records.h"
 #include "support/temp_file.h"
 #include "symbology/fill_symbols.h"
@@ -165,23 +167,6 @@ Compound_file small_pieces(int n) {
   return plain(n).cutoff(0x7FFFFFFF);
 }
 
-Byte_run claims(int n) {
-  return plain(n)
-      .header(Header_field::fat_sectors, 0xFFFFFFFF)
-      .header(Header_field::mini_fat_sectors, 0xFFFFFFFF)
-      .header(Header_field::difat_sectors, 0xFFFFFFFF)
-      .claimed_size("Maps", 0xFFFFFFFF)
-      .build();
-}
-
-Byte_run difat_circle(int n) {
-  return plain(n)
-      .header(Header_field::fat_sectors, 0xFFFFFFFF)
-      .header(Header_field::difat_sectors, 0xFFFFFFFF)
-      .header(Header_field::first_difat_sector, 0)
-      .build();
-}
-
 Byte_run decoy_entries(int n) {
   Compound_file file;
   for (int i = 0; i < 4 * n; ++i) file.unused_entry("decoy");
@@ -189,9 +174,9 @@ Byte_run decoy_entries(int n) {
 }
 
 struct Row {
-  const char* name;
+  std::string name;
   int n;
-  Byte_run (*make)(int n);
+  std::function<Byte_run(int n)> make;
   bool exhausts = false;
 };
 
@@ -216,33 +201,28 @@ const std::vector<Row> stream_rows = {
     {"escapes", 10, bytes_of<escapes>},
 };
 
-const std::vector<Row> file_rows = {
-    {"intact", 100, [](int n) { return plain(n).build(); }},
-    {"small pieces", 100, [](int n) { return small_pieces(n).fragmented(3).build(); }},
-    {"claimed sizes", 100, claims},
-    {"circle of the stream", 100, [](int n) { return plain(n).circle("Maps", 50, 0).build(); }},
-    {"circle of the directory", 100,
-     [](int n) { return plain(n).circle(Compound_file::directory, 0, 0).build(); }},
-    {"circle of the mini stream", 100,
-     [](int n) { return small_pieces(n).circle(Compound_file::mini_stream, 9, 0).build(); }},
-    {"circle of the mini FAT", 100,
-     [](int n) {
-       return small_pieces(n)
-           .circle(Compound_file::mini_fat, 0, 0)
-           .header(Header_field::mini_fat_sectors, 0xFFFFFFFF)
-           .build();
-     }},
-    {"circle of the DIFAT", 100, difat_circle},
-    {"crossing chains", 100,
-     [](int n) { return plain(n).link("Mini", 0, 0).link("Maps", 9, 1).build(); }},
-    {"decoy entries", 100, decoy_entries},
-    {"sectors of one byte", 100,
-     [](int n) { return plain(n).header(Header_field::sector_shift, 0x0000).build(); }},
-    {"sectors of 32 KiB", 100,
-     [](int n) { return plain(n).header(Header_field::sector_shift, 15).build(); }},
-    {"sectors of no size", 100,
-     [](int n) { return plain(n).header(Header_field::sector_shift, 16).build(); }},
-};
+const std::vector<Damaged_file>& damaged(int n) {
+  static std::map<int, std::vector<Damaged_file>> files;
+  const auto [found, added] = files.try_emplace(n);
+  if (added) found->second = damaged_files(static_cast<std::size_t>(n) * 512);
+  return found->second;
+}
+
+std::vector<Row> file_rows() {
+  std::vector<Row> result = {
+      {"intact", 100, [](int n) { return plain(n).build(); }},
+      {"small pieces", 100, [](int n) { return small_pieces(n).fragmented(3).build(); }},
+      {"crossing chains", 100,
+       [](int n) { return plain(n).link("Mini", 0, 0).link("Maps", 9, 1).build(); }},
+      {"decoy entries", 100, decoy_entries},
+  };
+  const std::size_t count = damaged(200).size();
+  for (std::size_t i = 0; i < count; ++i) {
+    result.push_back(
+        {damaged(200)[i].name, 200, [=](int n) { return damaged(n)[i].file.build(); }});
+  }
+  return result;
+}
 
 // A quarter for memory that grows in steps, and what the smallest thing costs.
 void expect_no_faster(const char* what, std::uint64_t once, std::uint64_t now, unsigned times) {
@@ -251,7 +231,7 @@ void expect_no_faster(const char* what, std::uint64_t once, std::uint64_t now, u
 
 void print(const Row& row, int n, std::size_t size, const Work& work) {
   std::printf(
-      "| %s | %d | %zu | %llu | %llu | %llu | %llu | %llu | %llu |\n", row.name, n, size,
+      "| %s | %d | %zu | %llu | %llu | %llu | %llu | %llu | %llu |\n", row.name.c_str(), n, size,
       static_cast<unsigned long long>(work.bytes_read), static_cast<unsigned long long>(work.spent),
       static_cast<unsigned long long>(work.objects),
       static_cast<unsigned long long>(work.search_steps),
@@ -284,7 +264,7 @@ TEST(Costs, of_streams_grow_with_their_size) {
 }
 
 TEST(Costs, of_files_grow_with_their_size) {
-  for (const Row& row : file_rows) {
+  for (const Row& row : file_rows()) {
     expect_linear(row, [](const Byte_run& bytes) {
       const Work work = work_of_file(Temp_file(bytes).path());
       EXPECT_LE(work.bytes_read, 2 * bytes.size() + 1024);

@@ -3,6 +3,8 @@
 #include "counted_memory.h"
 #include "document/mxd.h"
 #include "storage/compound_file.h"
+#include "storage/file_stream.h"
+#include "support/counting_stream.h"
 #include "support/object_builder.h"
 #include "support/temp_file.h"
 
@@ -36,10 +38,14 @@ Work work_of_file(const Wide_string& path) {
   Tmxd_mxd document;
   forget_peak();
   {
+    Tmxd_stream_f file;
+    test::Counting_stream counted(file);
     Tmxd_stream_m bytes;
-    if (read_named_stream(path, from_ascii("Maps"), bytes, &work.bytes_read) != 0) {
+    if (file.open(path, from_ascii("rb")) &&
+        read_named_stream(counted, from_ascii("Maps"), bytes)) {
       decode(bytes, document, work);
     }
+    work.bytes_read = counted.bytes_read();
   }
   write_outputs(document, work);
   return work;

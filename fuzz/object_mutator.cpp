@@ -16,10 +16,10 @@ constexpr std::size_t reference_size = guid_size + 4;
 
 // Where objects begin, ascending.
 std::vector<std::size_t> object_places(const Stream& bytes) {
-  static const Class_id_scanner filter(all_class_ids());
+  static const Class_id_scanner scanner(all_class_ids());
   std::vector<std::size_t> places;
-  for (const Class_id_place& place : filter.places(bytes)) {
-    places.push_back(static_cast<std::size_t>(place.position));
+  for (const auto& occurrence : scanner.find_all(bytes)) {
+    places.push_back(static_cast<std::size_t>(occurrence.position));
   }
   return places;
 }

@@ -63,7 +63,7 @@ TEST(Salvage, a_document_cut_anywhere_keeps_the_layers_before_the_cut) {
   for (std::size_t size = 512; size <= file.size(); size += 512) {
     Tmxd_stream_m out;
     const Temp_file cut({file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size)});
-    if (read_named_stream(cut.path(), from_ascii("Maps"), out) == 0) continue;
+    if (!read_named_stream(cut.path(), from_ascii("Maps"), out)) continue;
     ++cuts;
     const std::vector<std::string> left = layer_dumps({out.bytes().begin(), out.bytes().end()});
     for (std::size_t i = 0; i < ends.size() && ends[i] <= out.get_size(); ++i) {

@@ -16,7 +16,7 @@ std::int64_t position(const std::uint8_t* data) {
 
 // Known ids, and ids made of the input's own bytes, which overlap and share words.
 std::vector<Guid> ids(const std::uint8_t* choice, std::span<const std::uint8_t> bytes) {
-  const auto known = known_class_scanner().table().class_ids();
+  const auto known = known_class_scanner().class_ids();
   std::vector<Guid> result;
   for (std::size_t i = 0; i < 4; ++i) {
     result.push_back(known[choice[i] % known.size()]);
@@ -40,8 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::int64_t start = std::max<std::int64_t>(position(data + 8), 0);
   const std::int64_t limit = position(data + 10);
 
-  const Class_id_scanner filter(all);
-  const Class_id_index index(filter, bytes);
+  const Class_id_scanner scanner(all);
+  const Class_id_index index(scanner, bytes);
   test::Naive_search naive(bytes);
   fuzz::require(test::agree(naive, index, candidates, start, limit), "both find the same");
   return 0;

@@ -1,9 +1,11 @@
 #include "seeds.h"
 
+#include <algorithm>
+
 #include "rendering/property_page.h"
 #include "storage/compound_file.h"
 #include "support/class_table.h"
-#include "support/compound_builder.h"
+#include "support/damaged_files.h"
 #include "support/document_records.h"
 #include "support/sample_document.h"
 #include "support/temp_file.h"
@@ -44,7 +46,7 @@ Byte_run cut(Byte_run bytes, std::size_t size) {
 
 Byte_run maps_stream(const Wide_string& document) {
   Tmxd_stream_m stream;
-  read_named_stream(document, from_ascii("Maps"), stream);
+  static_cast<void>(read_named_stream(document, from_ascii("Maps"), stream));
   return {stream.bytes().begin(), stream.bytes().end()};
 }
 
@@ -75,17 +77,15 @@ Seeds compound_seeds() {
                  {"signature", file().signature("notOLE!!").build()},
                  {"blanks", Compound_file().stream(" mAPS ", noise(600)).build()},
                  {"unused", file().unused_entry("Maps").build()},
-                 {"no_first_sector", file().first_sector("Maps", sector_outside).build()},
-                 {"size_claimed", file().claimed_size("Maps", 0x7FFFFFFF).build()},
                  {"cut", cut(file().build(), 3000)},
                  {"empty", {}}};
-  for (const std::string_view chain : {std::string_view("Maps"), Compound_file::directory,
-                                       Compound_file::mini_stream, Compound_file::mini_fat}) {
-    const std::string name(chain.substr(chain.front() == '/' ? 1 : 0));
-    seeds.emplace_back("circle_" + name, file().circle(chain, 0, 0).build());
-    seeds.emplace_back("link_" + name, file().link(chain, 0, sector_outside).build());
+  for (const auto& [name, damaged, kept] : damaged_files(9216)) {
+    std::string file_name = name;
+    std::ranges::replace_if(
+        file_name, [](char c) { return c == ' ' || c == ':'; }, '_');
+    seeds.emplace_back(file_name, damaged.build());
   }
-  for (const int offset : {0x1E, 0x20, 0x2C, 0x30, 0x38, 0x3C, 0x40, 0x44, 0x48, 0x4C}) {
+  for (const int offset : {0x30, 0x38, 0x3C, 0x44, 0x4C}) {
     for (const std::uint32_t value : {0U, 1U, 0x7FFFFFFFU, free_sector}) {
       seeds.emplace_back("header_" + std::to_string(offset) + "_" + std::to_string(value),
                          file().header(static_cast<Header_field>(offset), value).build());

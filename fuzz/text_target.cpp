@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/number_text.h"
-#include "storage/native_text.h"
+#include "storage/platform.h"
 #include "storage/unicode.h"
 #include "support/object_builder.h"
 #include "target.h"

@@ -5,7 +5,7 @@
 #include "core/read_helpers.h"
 #include "document/classes.h"
 #include "storage/compound_file.h"
-#include "storage/native_output.h"
+#include "storage/platform.h"
 
 namespace mxd {
 namespace {
@@ -30,7 +30,7 @@ void Tmxd_mxd::clear() {
 bool Tmxd_mxd::load(const Wide_string& path, Load_observer& observer) {
   clear();
   Tmxd_stream_m bytes;
-  if (read_named_stream(path, stream_name(), bytes) == 0) return false;
+  if (!read_named_stream(path, stream_name(), bytes)) return false;
   Load load(observer, bytes.get_size());
   return load_maps(bytes, path, load);
 }
@@ -38,7 +38,7 @@ bool Tmxd_mxd::load(const Wide_string& path, Load_observer& observer) {
 bool Tmxd_mxd::load(Tmxd_stream& file, const Wide_string& path, Load_observer& observer) {
   clear();
   Tmxd_stream_m bytes;
-  if (read_named_stream(file, stream_name(), bytes) == 0) return false;
+  if (!read_named_stream(file, stream_name(), bytes)) return false;
   Load load(observer, bytes.get_size());
   return load_maps(bytes, path, load);
 }

@@ -61,9 +61,10 @@ Outline read_outline(const Tmxd_mxd& document, Tmxd_stream& file) {
   Tmxd_stream_m maps;
   Tmxd_stream_m version;
   Tmxd_stream_m metadata;
-  read_named_stream(file, from_ascii("Maps"), maps);
-  read_named_stream(file, from_ascii("Version"), version);
-  read_named_stream(file, from_ascii("Metadata"), metadata);
+  // A missing stream is empty.
+  static_cast<void>(read_named_stream(file, from_ascii("Maps"), maps));
+  static_cast<void>(read_named_stream(file, from_ascii("Version"), version));
+  static_cast<void>(read_named_stream(file, from_ascii("Metadata"), metadata));
   return read_outline(document, {maps.bytes(), version.bytes(), metadata.bytes()});
 }
 

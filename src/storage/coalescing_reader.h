@@ -1,4 +1,4 @@
-// Reads lists of equally long pieces of a file with as few calls to the system as can be.
+// Reads lists of equally sized pieces of a file with few system calls.
 #pragma once
 
 #include <cstddef>
@@ -14,39 +14,35 @@ using Offsets = std::vector<std::int64_t>;
 
 class Coalescing_reader {
  public:
-  // What lies behind `reachable` is treated as absent.
+  // Bytes from offset `reachable` on are treated as missing.
   Coalescing_reader(Tmxd_stream& stream, std::uint64_t reachable);
 
   std::uint64_t file_size() const { return file_size_; }
-  // All that was asked of the file so far.
-  std::uint64_t bytes_read() const { return bytes_read_; }
   bool in_file(std::int64_t offset, std::size_t length) const;
 
-  // Reads the pieces one after another into `to`, up to the first that cannot be read whole; how
-  // many arrived. Pieces that follow each other in the file, or lie close together, are read with
-  // one call.
-  std::size_t read(std::span<const std::int64_t> offsets, std::size_t piece,
-                   std::span<std::uint8_t> to);
+  // Reads the pieces one after another into `to`, up to the first that cannot be read completely,
+  // and returns their number. Pieces that are contiguous or close together in the file are read
+  // with one call.
+  [[nodiscard]] std::size_t read(std::span<const std::int64_t> offsets, std::size_t piece_size,
+                                 std::span<std::uint8_t> to);
 
  private:
-  // A call to the system costs as much as some thousand bytes. What is read besides is bounded by
-  // a part of the file, so that no file makes this dear.
+  // A system call costs about as much as reading a few thousand bytes. The gaps read along with the
+  // pieces are limited to a fraction of the file, so that no file makes this expensive.
   static constexpr std::int64_t window_size = 16384;
-  static constexpr std::uint64_t unwanted_share = 16;
-  // Of smaller ones, which no honest file has, there are too many in a window.
-  static constexpr std::size_t least_piece = 64;
+  static constexpr std::uint64_t max_waste_divisor = 16;
+  // Smaller pieces are not coalesced: a window would hold too many of them.
+  static constexpr std::size_t min_coalesced_size = 64;
 
-  std::size_t pieces_in_a_row(std::span<const std::int64_t> offsets, std::size_t piece) const;
-  std::size_t pieces_in_window(std::span<const std::int64_t> offsets, std::size_t piece) const;
-  std::size_t read_window(std::span<const std::int64_t> offsets, std::size_t piece,
+  std::size_t contiguous_count(std::span<const std::int64_t> offsets, std::size_t piece_size) const;
+  std::size_t window_count(std::span<const std::int64_t> offsets, std::size_t piece_size) const;
+  std::size_t read_window(std::span<const std::int64_t> offsets, std::size_t piece_size,
                           std::span<std::uint8_t> to);
-  // How many bytes arrived.
   std::size_t read_bytes(std::int64_t offset, std::span<std::uint8_t> to);
 
   Tmxd_stream& stream_;
   std::uint64_t file_size_;
-  std::int64_t unwanted_left_;
-  std::uint64_t bytes_read_ = 0;
+  std::int64_t waste_left_;
 };
 
 }  // namespace mxd

@@ -1,4 +1,4 @@
-// Vectors whose new elements are not filled: what is read or built at once is not written twice.
+// A vector that leaves new elements uninitialized, for buffers that are overwritten at once.
 #pragma once
 
 #include <memory>
@@ -20,12 +20,12 @@ struct Default_init_allocator : std::allocator<T> {
   Default_init_allocator(const Default_init_allocator<Other>& /*other*/) noexcept {}
 
   template <class Element>
-  void construct(Element* place) {
-    ::new (static_cast<void*>(place)) Element;
+  void construct(Element* at) {
+    ::new (static_cast<void*>(at)) Element;
   }
   template <class Element, class... Values>
-  void construct(Element* place, Values&&... values) {
-    ::new (static_cast<void*>(place)) Element(std::forward<Values>(values)...);
+  void construct(Element* at, Values&&... values) {
+    ::new (static_cast<void*>(at)) Element(std::forward<Values>(values)...);
   }
 };
 

@@ -5,13 +5,13 @@
 namespace mxd {
 namespace {
 
-// Every call's byte count has to fit into 32 bits.
+// The byte count of each call must fit into 32 bits.
 constexpr std::uint32_t chunk_size = 0x40000000;
 constexpr std::uint64_t error_count = std::numeric_limits<std::uint64_t>::max();
-constexpr int open_tries = 20;
+constexpr int max_open_attempts = 20;
 
-// Calls `move(offset, size)` chunk by chunk until one comes back short; whole elements moved, or
-// error_count after an error.
+// Calls `move(offset, size)` for one chunk after another until one is incomplete. Returns the
+// number of whole elements moved, or error_count after an error.
 template <typename Move>
 std::uint64_t move_elements(std::uint64_t element_size, std::uint64_t count, Move move) {
   if (count > std::numeric_limits<std::uint64_t>::max() / element_size) return 0;
@@ -40,10 +40,11 @@ bool Tmxd_stream_f::open(const Wide_string& path, Wide_view mode) {
       create || append || contains(mode, '+') ? File_access::read_write : File_access::read;
   const auto creation = create ? File_creation::create_always : File_creation::open_existing;
   failed_ = false;
-  for (int i = 0; i < open_tries; ++i) {
+  position_ = 0;
+  for (int i = 0; i < max_open_attempts; ++i) {
     const Open_result result = file_.open(path, access, creation);
     if (result == Open_result::opened) {
-      if (append) file_.seek(0, Seek_origin::end);
+      if (append) position_ = file_.size().value_or(0);
       return true;
     }
     if (result == Open_result::failed) return false;
@@ -54,34 +55,36 @@ bool Tmxd_stream_f::open(const Wide_string& path, Wide_view mode) {
 
 bool Tmxd_stream_f::close() {
   line_end_.clear();
+  position_ = 0;
   return file_.close();
 }
 
 bool Tmxd_stream_f::set_size(std::uint64_t new_size) {
-  return seek(new_size) && file_.set_end();
+  return seek(new_size) && file_.set_size(new_size);
 }
 
 std::uint64_t Tmxd_stream_f::get_size() {
-  const std::uint64_t position = tell();
-  const std::uint64_t size = file_.seek(0, Seek_origin::end).value_or(0);
-  seek(position);
-  return size;
+  failed_ = false;
+  return file_.size().value_or(0);
 }
 
 bool Tmxd_stream_f::seek(std::uint64_t position) {
+  constexpr std::uint64_t max_position = std::numeric_limits<std::int64_t>::max();
   failed_ = false;
-  return file_.seek(static_cast<std::int64_t>(position), Seek_origin::begin).has_value();
+  if (!file_.is_open() || position > max_position) return false;
+  position_ = position;
+  return true;
 }
 
 std::uint64_t Tmxd_stream_f::tell() {
-  return file_.seek(0, Seek_origin::current).value_or(0);
+  return position_;
 }
 
 bool Tmxd_stream_f::read(void* buffer, std::uint64_t element_size, std::uint64_t count) {
   if (element_size == 0) return false;
   const std::uint64_t elements =
       move_elements(element_size, count, [&](std::uint64_t offset, std::uint32_t size) {
-        return file_.read(static_cast<char*>(buffer) + offset, size);
+        return file_.read(static_cast<char*>(buffer) + offset, size, position_);
       });
   if (elements != count) failed_ = true;
   return elements != 0;
@@ -91,7 +94,7 @@ bool Tmxd_stream_f::write(const void* buffer, std::uint64_t element_size, std::u
   if (element_size == 0) return false;
   const std::uint64_t elements =
       move_elements(element_size, count, [&](std::uint64_t offset, std::uint32_t size) {
-        return file_.write(static_cast<const char*>(buffer) + offset, size);
+        return file_.write(static_cast<const char*>(buffer) + offset, size, position_);
       });
   return elements != 0;
 }

@@ -1,4 +1,4 @@
-// Class ids: 16 bytes in the order in which their text is written.
+// GUIDs: 16 bytes in the order of their text form.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ struct Guid {
   std::array<std::uint8_t, 16> bytes{};
 
   bool is_null() const { return *this == Guid{}; }
-  // Two words: faster than a comparison of sixteen bytes, which is made at every step of a search.
+  // Compares two words: faster than 16 bytes, and done at every step of a search.
   bool operator==(const Guid& other) const { return words() == other.words(); }
   bool operator<(const Guid& other) const { return bytes < other.bytes; }
 
@@ -24,7 +24,8 @@ struct Guid {
   }
 };
 
-// The stream stores the first three groups little-endian. Turning them twice changes nothing.
+// Converts between the text order and the order in streams, where the first three groups are
+// little-endian. The function is its own inverse.
 constexpr Guid swap_guid_byte_order(const Guid& guid) {
   Guid result = guid;
   std::swap(result.bytes[0], result.bytes[3]);
@@ -41,8 +42,8 @@ constexpr int hex_digit(char c) {
   return -1;
 }
 
-// 36 characters, 8-4-4-4-12 digits without braces. The dashes are not looked at; a pair that does
-// not begin with a digit gives 0, a pair with one digit that digit's value.
+// Parses 8-4-4-4-12 hexadecimal digits without braces. The dashes are not checked; a pair that does
+// not begin with a digit becomes 0, a pair with one digit the value of that digit.
 constexpr Guid guid_from_text(std::string_view text) {
   constexpr std::array<std::size_t, 16> pair_starts = {0,  2,  4,  6,  9,  11, 14, 16,
                                                        19, 21, 24, 26, 28, 30, 32, 34};
@@ -57,7 +58,7 @@ constexpr Guid guid_from_text(std::string_view text) {
   return result;
 }
 
-// A class's id: the text that it reports and the bytes that are compared.
+// A class id as text, which is reported, and as bytes, which are compared.
 struct Class_id {
   std::string_view text;
   Guid guid;

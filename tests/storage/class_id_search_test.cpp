@@ -18,7 +18,7 @@ Guid guid_of(std::initializer_list<int> bytes) {
   return guid;
 }
 
-// Ids that begin inside each other, that share words, and that are all alike.
+// Ids that overlap, that share words or that consist of one repeated byte.
 const std::vector<Guid> tricky_ids = {
     guid_from_text("7914E5FF-C892-11D0-8BB6-080009EE4E41"),
     guid_from_text("7914E5FA-C892-11D0-8BB6-080009EE4E41"),
@@ -28,23 +28,23 @@ const std::vector<Guid> tricky_ids = {
     Guid{}};
 
 TEST(Class_id_search, agrees_with_the_naive_search_on_planted_buffers) {
-  const Class_id_scanner filter(tricky_ids);
+  const Class_id_scanner scanner(tricky_ids);
   std::mt19937 random(20);
   for (int round = 0; round < 300; ++round) {
     std::vector<std::uint8_t> bytes(random() % 200);
-    // Few different bytes, so that parts of ids stand everywhere.
+    // Few different values, so that parts of ids occur everywhere.
     for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() % 3 == 0 ? 7 : random() % 3);
     for (int plant = 0; plant < 4 && bytes.size() > 16; ++plant) {
       const Guid stored = swap_guid_byte_order(tricky_ids[random() % tricky_ids.size()]);
-      const auto place = static_cast<std::ptrdiff_t>(random() % (bytes.size() - 15));
-      std::copy(stored.bytes.begin(), stored.bytes.end(), bytes.begin() + place);
+      const auto position = static_cast<std::ptrdiff_t>(random() % (bytes.size() - 15));
+      std::copy(stored.bytes.begin(), stored.bytes.end(), bytes.begin() + position);
     }
     std::vector<Guid> candidates;
     for (const Guid& id : tricky_ids) {
       if (random() % 2 == 0) candidates.push_back(id);
     }
     Naive_search naive(bytes);
-    const Class_id_index index(filter, bytes);
+    const Class_id_index index(scanner, bytes);
     const auto size = static_cast<std::int64_t>(bytes.size());
     const std::int64_t start = static_cast<std::int64_t>(random() % 220);
     for (const std::int64_t limit : {std::int64_t{-1}, size, size + 5, start + 15, start + 16,
@@ -58,17 +58,17 @@ TEST(Class_id_search, agrees_with_the_naive_search_on_planted_buffers) {
 }
 
 TEST(Class_id_search, finds_an_id_at_every_offset_and_up_to_the_limit) {
-  const Class_id_scanner filter(tricky_ids);
+  const Class_id_scanner scanner(tricky_ids);
   for (std::size_t lead = 0; lead < 20; ++lead) {
     for (std::size_t tail = 0; tail < 3; ++tail) {
       const auto bytes = Bytes().zeros(lead).guid(tricky_ids[0]).raw(std::string(tail, 'x')).data();
-      const auto place = static_cast<std::int64_t>(lead);
-      const Class_id_index index(filter, bytes);
+      const auto position = static_cast<std::int64_t>(lead);
+      const Class_id_index index(scanner, bytes);
       const std::span<const Guid> wanted(tricky_ids.data(), 2);
-      EXPECT_EQ(place, index.scan(wanted, 0, place + 16).hit.value().position);
-      EXPECT_FALSE(index.scan(wanted, 0, place + 15).hit);
-      EXPECT_TRUE(index.scan(wanted, 0, place + 15).ok);
-      EXPECT_FALSE(index.scan(wanted, place + 1, -1).hit);
+      EXPECT_EQ(position, index.scan(wanted, 0, position + 16).hit.value().position);
+      EXPECT_FALSE(index.scan(wanted, 0, position + 15).hit);
+      EXPECT_TRUE(index.scan(wanted, 0, position + 15).ok);
+      EXPECT_FALSE(index.scan(wanted, position + 1, -1).hit);
     }
   }
 }

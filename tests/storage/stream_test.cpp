@@ -1,15 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 
 #include "storage/file_stream.h"
 #include "storage/memory_stream.h"
-#include "storage/native_output.h"
+#include "storage/platform.h"
 #include "support/special_files.h"
 #include "support/temp_file.h"
 
@@ -64,12 +68,12 @@ TEST(Memory_stream, keeps_its_position_when_it_is_resized) {
   EXPECT_FALSE(stream.read(&byte, 1, 1));
   EXPECT_TRUE(stream.set_size(12));
   EXPECT_TRUE(stream.read(&byte, 1, 1));
-  EXPECT_EQ(byte, 0) << "new bytes are zero, even where others stood before";
+  EXPECT_EQ(byte, 0) << "new bytes are zero, even if the stream was longer before";
   EXPECT_FALSE(stream.set_size(~std::uint64_t{0}));
   EXPECT_EQ(stream.get_size(), 12U);
 }
 
-TEST(File_stream, reads_whole_elements_and_tells_of_missing_ones) {
+TEST(File_stream, reads_whole_elements_and_reports_missing_ones) {
   const Temp_file file(ten_bytes);
   Tmxd_stream_f stream;
   ASSERT_TRUE(stream.open(file.path(), from_ascii("rb")));
@@ -83,7 +87,7 @@ TEST(File_stream, reads_whole_elements_and_tells_of_missing_ones) {
   EXPECT_EQ(buffer[3], 9);
   EXPECT_EQ(stream.tell(), 10U);
   EXPECT_FALSE(stream.read(buffer.data(), 4, 0));
-  EXPECT_TRUE(stream.failed()) << "neither tell nor a read that lacks nothing forgets it";
+  EXPECT_TRUE(stream.failed()) << "neither tell() nor a complete read resets it";
   EXPECT_EQ(stream.get_size(), 10U);
   EXPECT_FALSE(stream.failed());
 
@@ -99,34 +103,52 @@ TEST(File_stream, reads_whole_elements_and_tells_of_missing_ones) {
   EXPECT_TRUE(stream.read(buffer.data(), 5, 2));
   EXPECT_FALSE(stream.failed());
   EXPECT_TRUE(std::equal(ten_bytes.begin(), ten_bytes.end(), buffer.begin()));
-  EXPECT_FALSE(stream.seek(std::uint64_t{1} << 63)) << "before the file";
+  EXPECT_FALSE(stream.seek(std::uint64_t{1} << 63)) << "negative for the system";
   EXPECT_EQ(stream.tell(), 10U);
-  EXPECT_TRUE(stream.write(buffer.data(), 1, 1)) << "an error of the system counts as done";
+  EXPECT_TRUE(stream.write(buffer.data(), 1, 1)) << "true after an I/O error";
 }
 
 TEST(File_stream, modes_choose_access_and_creation) {
-  const Temp_file file(ten_bytes);
-  const Wide_string missing = file.beside(u"missing");
-  EXPECT_FALSE(opens(missing, "rb"));
-  EXPECT_FALSE(opens(missing, "r+"));
-  EXPECT_FALSE(opens(missing, "a"));
-  EXPECT_TRUE(opens(missing, "wb"));
-  EXPECT_TRUE(opens(missing, "rb"));
+  struct Case {
+    std::string_view mode;
+    bool creates;
+    bool writes;
+    std::uint64_t position;
+  };
+  const Case cases[] = {
+      {"rb", false, false, 0}, {"r+", false, true, 0},  {"rb+", false, true, 0},
+      {"a", false, true, 10},  {"ab", false, true, 10}, {"a+", false, true, 10},
+      {"w", true, true, 0},    {"wb", true, true, 0},
+  };
+  for (const auto& [mode, creates, writes, position] : cases) {
+    SCOPED_TRACE(mode);
+    const Temp_file file(ten_bytes);
+    EXPECT_EQ(opens(file.beside(u"missing"), mode), creates);
+    Tmxd_stream_f stream;
+    ASSERT_TRUE(stream.open(file.path(), from_ascii(mode)));
+    EXPECT_EQ(stream.tell(), position);
+    EXPECT_EQ(stream.get_size(), creates ? 0 : 10);
+    EXPECT_TRUE(stream.write("x", 1, 1)) << "true after an error as well";
+    Byte_run expected = creates ? Byte_run{} : ten_bytes;
+    if (writes) {
+      expected.resize(std::max<std::size_t>(expected.size(), position + 1));
+      expected[position] = 'x';
+    }
+    EXPECT_TRUE(stream.close());
+    EXPECT_EQ(file.contents(), expected);
+  }
+}
 
+TEST(File_stream, appending_only_chooses_where_writing_starts) {
+  const Temp_file file(ten_bytes);
   Tmxd_stream_f stream;
-  ASSERT_TRUE(stream.open(file.path(), from_ascii("ab")));
-  EXPECT_EQ(stream.tell(), 10U);
-  EXPECT_TRUE(stream.write("ab", 1, 2));
+  ASSERT_TRUE(stream.open(file.path(), from_ascii("a")));
   EXPECT_TRUE(stream.seek(0));
-  EXPECT_TRUE(stream.write("x", 1, 1)) << "appending only chooses where writing starts";
-  ASSERT_TRUE(stream.open(file.path(), from_ascii("r+")));
-  EXPECT_EQ(stream.get_size(), 12U);
+  EXPECT_TRUE(stream.write("xy", 1, 2));
   EXPECT_TRUE(stream.set_size(3));
   EXPECT_EQ(stream.tell(), 3U);
   EXPECT_TRUE(stream.close());
-  EXPECT_EQ(file.contents(), (Byte_run{'x', 1, 2}));
-  ASSERT_TRUE(stream.open(file.path(), from_ascii("w")));
-  EXPECT_EQ(stream.get_size(), 0U);
+  EXPECT_EQ(file.contents(), (Byte_run{'x', 'y', 2}));
 }
 
 TEST(File_stream, close_empties_the_line_end) {
@@ -159,7 +181,7 @@ TEST(File_stream, opens_names_of_any_script) {
   }
 }
 
-TEST(File_stream, opens_names_that_are_no_text) {
+TEST(File_stream, opens_names_that_are_not_utf_8) {
   const Temp_file file;
   for (const auto& path : test::undecodable_files(file)) {
     Tmxd_stream_f stream;
@@ -175,10 +197,10 @@ TEST(File_stream, shares_reading_but_not_writing) {
   EXPECT_TRUE(opens(file.path(), "rb"));
   EXPECT_FALSE(opens(file.path(), "r+"));
   EXPECT_FALSE(opens(file.path(), "w"));
-  EXPECT_EQ(file.contents(), ten_bytes) << "nothing is truncated before the file is ours";
+  EXPECT_EQ(file.contents(), ten_bytes) << "a locked file is not truncated";
 }
 
-TEST(File_stream, tries_twenty_times_while_somebody_writes) {
+TEST(File_stream, tries_twenty_times_while_the_file_is_locked) {
   const Temp_file file(ten_bytes);
   Tmxd_stream_f writer;
   ASSERT_TRUE(writer.open(file.path(), from_ascii("r+")));
@@ -189,10 +211,10 @@ TEST(File_stream, tries_twenty_times_while_somebody_writes) {
   EXPECT_TRUE(opens(file.path(), "rb"));
 }
 
-TEST(File_stream, opens_when_the_writer_ends_in_time) {
+TEST(File_stream, opens_when_the_writer_closes_the_file_in_time) {
   const Temp_file file(ten_bytes);
   bool opened = false;
-  // A busy machine may let the writer sleep too long, but not again and again.
+  // On a busy machine the writer may sleep too long, but not every time.
   for (int i = 0; i < 20 && !opened; ++i) {
     Tmxd_stream_f writer;
     ASSERT_TRUE(writer.open(file.path(), from_ascii("r+")));
@@ -219,6 +241,27 @@ TEST(Text_output, replaces_the_file_or_fails) {
   EXPECT_EQ(file.contents(), (Byte_run{'t', 'e', 'x', 't'}));
   EXPECT_EQ(open_text_output(file.folder()), nullptr);
   EXPECT_EQ(open_text_output({}), nullptr);
+}
+
+TEST(Text_output, to_a_pipe_waits_for_no_reader_but_for_a_slow_one) {
+  const Temp_file file;
+  for (const auto& [what, path] : test::special_files(file)) {
+    if (what != "pipe") continue;
+    EXPECT_EQ(open_text_output(path), nullptr) << "no reader";
+    std::size_t received = 0;
+    std::thread reader([&received, &path = path] {
+      std::ifstream in(std::filesystem::path{path}, std::ios::binary);
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      received = std::string(std::istreambuf_iterator<char>(in), {}).size();
+    });
+    std::FILE* out = nullptr;
+    while (!out) out = open_text_output(path);
+    const std::string text(1 << 20, 'x');
+    EXPECT_EQ(std::fwrite(text.data(), 1, text.size(), out), text.size());
+    EXPECT_EQ(std::fclose(out), 0);
+    reader.join();
+    EXPECT_EQ(received, text.size());
+  }
 }
 
 }  // namespace

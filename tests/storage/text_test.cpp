@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "storage/native_text.h"
+#include "storage/platform.h"
 
 namespace mxd {
 namespace {

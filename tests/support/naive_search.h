@@ -1,4 +1,4 @@
-// The class-id search without an index.
+// Class-id search without an index, to compare the index with.
 #pragma once
 
 #include <algorithm>
@@ -10,12 +10,11 @@
 
 namespace mxd::test {
 
-// The search as it is meant: every position is sought and read, one byte after the other. It is the
-// referee of the index.
+// Reads an id at every position.
 class Naive_search final : public Tmxd_ieee_stream {
  public:
   explicit Naive_search(std::span<const std::uint8_t> bytes) {
-    memory_.write(bytes.data(), 1, bytes.size());
+    static_cast<void>(memory_.write(bytes.data(), 1, bytes.size()));
   }
 
   Find_all_result find_all(std::span<const Guid> candidates, std::int64_t start, std::int64_t limit,
@@ -50,7 +49,7 @@ class Naive_search final : public Tmxd_ieee_stream {
   Tmxd_stream_m memory_;
 };
 
-// Whether the index finds the same places, and the same first one.
+// Whether the index finds the same matches, and the same first match.
 inline bool agree(Naive_search& naive, const Class_id_index& index,
                   std::span<const Guid> candidates, std::int64_t start, std::int64_t limit) {
   const Find_all_result wanted = naive.find_all(candidates, start, limit);
