@@ -1,0 +1,11 @@
+"""Opens ArcMap documents (.mxd) as projects of QGIS."""
+
+from __future__ import annotations
+
+from typing import Any
+
+
+def classFactory(iface: Any) -> Any:  # noqa: N802 - the name that QGIS calls
+    from .plugin import ArcMapDocuments
+
+    return ArcMapDocuments(iface)

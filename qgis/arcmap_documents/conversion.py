@@ -1,0 +1,149 @@
+"""One document: project, styles and pictures, with what was lost on the way."""
+
+from __future__ import annotations
+
+import os
+import re
+from dataclasses import dataclass, field
+from typing import Optional
+
+from qgis.core import QgsMapLayer, QgsProject, QgsVectorLayer
+
+from . import pictures
+from .losses import Loss, Losses
+from .project import Builder, ConvertedMap, Progress, layer_path
+from .reader import ReadError, read
+from .sources import Places
+
+
+@dataclass
+class Options:
+    mxdinfo: str
+    places: Places = field(default_factory=Places)
+    # Of "qml" and "sld".
+    styles: tuple[str, ...] = ()
+    pictures: bool = False
+
+
+@dataclass
+class Result:
+    """What became of a document. The error is empty, or the only thing that is known."""
+
+    document: str
+    project: Optional[str] = None
+    error: str = ""
+    maps: int = 0
+    layers: int = 0
+    valid: int = 0
+    losses: list[Loss] = field(default_factory=list)
+
+
+def file_name(name: str) -> str:
+    """A name without what file systems refuse."""
+    return re.sub(r'[\x00-\x1f<>:"/\\|?*]+', "_", name).strip(" .")[:100] or "unnamed"
+
+
+class _FileNames:
+    """Names that differ from each other, whatever the case."""
+
+    def __init__(self) -> None:
+        self._taken: set[str] = set()
+
+    def of(self, name: str) -> str:
+        base, number = file_name(name), 1
+        candidate = base
+        while candidate.lower() in self._taken:
+            number += 1
+            candidate = f"{base} {number}"
+        self._taken.add(candidate.lower())
+        return candidate
+
+
+def _save_style(layer: QgsMapLayer, path: str, style: str) -> str:
+    """Empty, or why the style cannot be written."""
+    if style == "qml":
+        message, ok = layer.saveNamedStyle(path)
+    else:
+        message, ok = layer.saveSldStyle(path)
+    return "" if ok else message
+
+
+def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses: Losses) -> None:
+    names = _FileNames()
+    for converted in maps:
+        for index, layer in converted.by_index.items():
+            if not isinstance(layer, QgsVectorLayer):
+                continue
+            losses.layer = layer_path(converted.map.layers, index)
+            base = os.path.join(os.path.dirname(stem), names.of(f"{os.path.basename(stem)} - {layer.name()}"))
+            for style in options.styles:
+                if style == "sld":
+                    add_sld_losses(layer, losses)
+                problem = _save_style(layer, f"{base}.{style}", style)
+                if problem:
+                    losses.add(f"{style} file", problem)
+
+
+# Symbol layers that QGIS writes to SLD as comments.
+_NOT_IN_SLD = {
+    "RandomMarkerFill": "random markers of a fill",
+    "HashLine": "hashes along a line",
+    "EllipseMarker": "arrow marker",
+}
+
+
+def add_sld_losses(layer: QgsVectorLayer, losses: Losses) -> None:
+    """What SLD cannot say of the layer's symbols."""
+    renderer = layer.renderer()
+    if renderer is None:
+        return
+    for item in renderer.legendSymbolItems():
+        symbol = item.symbol()
+        for each in symbol.symbolLayers() if symbol is not None else []:
+            if each.layerType() in _NOT_IN_SLD:
+                losses.add(_NOT_IN_SLD[each.layerType()], "SLD has no words for it")
+    if layer.labeling() is not None and layer.labeling().settings().isExpression:
+        if " " in layer.labeling().settings().fieldName:
+            losses.add("labels", "SLD files have labels of single fields only")
+
+
+def _write_pictures(maps: list[ConvertedMap], stem: str, losses: Losses) -> None:
+    names = _FileNames()
+    for converted in maps:
+        name = os.path.basename(stem)
+        if len(maps) > 1:
+            name = f"{name} - {converted.map.name}"
+        path = os.path.join(os.path.dirname(stem), names.of(name) + ".png")
+        if not pictures.draw(converted).save(path):
+            losses.add("picture", f"{path} cannot be written", "")
+
+
+def convert_document(
+    path: str, folder: str, options: Options, progress: Progress = lambda share: True
+) -> Result:
+    """Writes the project into the folder, named as the document. Only Cancelled is raised."""
+    losses, project = Losses(), QgsProject.instance()
+    result = Result(path)
+    project.clear()
+    try:
+        document = read(options.mxdinfo, path)
+        document.path = path
+        losses.add_read_losses(document.losses)
+        maps = Builder(project, document, options.places, losses).build(progress)
+        stem = os.path.join(folder, file_name(os.path.splitext(os.path.basename(path))[0]))
+        os.makedirs(folder, exist_ok=True)
+        if not project.write(stem + ".qgz"):
+            raise ReadError(f"{stem}.qgz cannot be written: {project.error()}")
+        result.project = stem + ".qgz"
+        _write_styles(maps, stem, options, losses)
+        if options.pictures:
+            _write_pictures(maps, stem, losses)
+        result.maps = len(maps)
+        result.layers = sum(len(each.layers) for each in maps)
+        result.valid = sum(layer.isValid() for each in maps for layer in each.layers)
+    except (ReadError, OSError) as error:
+        result.error = str(error)
+    finally:
+        project.clear()
+    result.losses = losses.all()
+    return result
