@@ -13,12 +13,12 @@ from qgis.core import (
     QgsVectorLayer,
     QgsVectorLayerSimpleLabeling,
 )
-from qgis.PyQt.QtGui import QFont
+from qgis.PyQt.QtGui import QColor, QFont
 
 from .losses import Losses
 from .reader import LabelClass, Labels
 from .renderers import field_name
-from .units import POINTS, length, qcolor
+from .units import POINTS, length
 
 _TOKEN = re.compile(r"""\s*(?:\[(?P<field>[^\]]+)\]|"(?P<text>(?:[^"]|"")*)"|(?P<word>\w+))\s*""")
 _LINE_BREAKS = {"vbcrlf", "vbnewline", "vblf", "vbcr"}
@@ -52,15 +52,12 @@ def converted(expression: str, fields: Optional[QgsFields], losses: Losses) -> O
 def _text_format(label: LabelClass) -> QgsTextFormat:
     text_format = QgsTextFormat()
     if label.font is not None:
-        font = QFont(label.font["name"])
-        font.setBold(label.font["weight"] >= 600)
-        font.setItalic(label.font["italic"])
-        font.setUnderline(label.font["underline"])
-        text_format.setFont(font)
+        if label.font["name"]:
+            text_format.setFont(QFont(label.font["name"]))
         text_format.setSize(length(label.font["size"], 8.0))
     text_format.setSizeUnit(POINTS)
     if label.color is not None:
-        text_format.setColor(qcolor(label.color))
+        text_format.setColor(QColor(label.color))
     return text_format
 
 

@@ -152,11 +152,17 @@ def visible_layers(converted: ConvertedMap) -> list[QgsMapLayer]:
 
 def view_of(converted: ConvertedMap) -> QgsRectangle:
     """What the data frame shows; else the extent of the visible layers. Empty without both."""
+    layers = extent_of_layers(converted)
     stored = converted.map.extent
-    if stored is not None:
-        extent = QgsRectangle(stored.xmin, stored.ymin, stored.xmax, stored.ymax)
-        if extent.isFinite() and not extent.isEmpty():
-            return extent
+    if stored is None:
+        return layers
+    extent = QgsRectangle(stored.xmin, stored.ymin, stored.xmax, stored.ymax)
+    usable = extent.isFinite() and not extent.isEmpty()
+    return extent if usable and (layers.isEmpty() or extent.intersects(layers)) else layers
+
+
+def extent_of_layers(converted: ConvertedMap) -> QgsRectangle:
+    """Of the visible layers whose data is here, in the map's coordinate system."""
     crs = reference_system(converted.map.coordinate_system)
     whole = QgsRectangle()
     whole.setMinimal()

@@ -61,7 +61,8 @@ class Renderer:
 @dataclass
 class LabelClass:
     expression: str = ""
-    color: Optional[dict[str, Any]] = None
+    # "#rrggbb"
+    color: Optional[str] = None
     font: Optional[dict[str, Any]] = None
 
 

@@ -43,7 +43,9 @@ void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& r
   Error_collector losses(report.errors);
   if (!report.content.load(file, path, losses)) {
     report.failure = "not readable as a map document";
+    return;
   }
+  report.outline = mxd::read_outline(report.content, file);
 }
 
 }  // namespace

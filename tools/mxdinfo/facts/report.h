@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "document/mxd.h"
+#include "outline/outline.h"
 
 namespace mxdinfo {
 
@@ -26,6 +26,7 @@ struct Report {
   std::string_view failure;
   std::vector<Decode_error> errors;
   mxd::Tmxd_mxd content;
+  mxd::Outline outline;
 };
 
 // What is kept of a report after it is written.

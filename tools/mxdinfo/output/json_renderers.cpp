@@ -1,3 +1,4 @@
+#include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/legend_entries.h"
 #include "mxdinfo/output/json_parts.h"
@@ -21,15 +22,21 @@ Json text_or_null(std::string_view text) {
   return text.empty() ? Json(nullptr) : Json(text);
 }
 
-Json renderer_json(const mxd::Tmxd_renderer* renderer) {
+Json text_or_null(const std::optional<mxd::Wide_string>& text) {
+  return text ? text_or_null(utf8(*text)) : Json(nullptr);
+}
+
+Json renderer_json(const mxd::Tmxd_renderer* renderer, const mxd::Feature_facts& facts) {
   if (!renderer) return nullptr;
+  const bool ascending = facts.classes_ascend.value_or(true);
+  const auto order = ascending ? Class_order::ascending : Class_order::descending;
   Json classes = Json::array();
-  for (const Legend_entry& entry : legend_entries(*renderer, Class_order::ascending)) {
+  for (const Legend_entry& entry : legend_entries(*renderer, order)) {
     classes.push_back(class_json(entry));
   }
   return {{"kind", renderer_kind(*renderer)},
           {"fields", renderer_fields(*renderer)},
-          {"normalization_field", nullptr},
+          {"normalization_field", text_or_null(facts.normalization_field)},
           {"classes", std::move(classes)}};
 }
 
