@@ -75,7 +75,9 @@ def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses:
             if not isinstance(layer, QgsVectorLayer):
                 continue
             losses.layer = layer_path(converted.map.layers, index)
-            base = os.path.join(os.path.dirname(stem), names.of(f"{os.path.basename(stem)} - {layer.name()}"))
+            base = os.path.join(
+                os.path.dirname(stem), names.of(f"{os.path.basename(stem)} - {layer.name()}")
+            )
             for style in options.styles:
                 if style == "sld":
                     add_sld_losses(layer, losses)

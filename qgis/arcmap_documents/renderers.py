@@ -9,6 +9,7 @@ from qgis.core import (
     QgsCategorizedSymbolRenderer,
     QgsExpression,
     QgsFeatureRenderer,
+    QgsFeatureRequest,
     QgsFields,
     QgsGraduatedSymbolRenderer,
     QgsRendererCategory,
@@ -125,16 +126,20 @@ def bounds(classes: list[LegendClass]) -> dict[int, tuple[float, float]]:
 
 
 def _draw_small_over_large(renderer: QgsGraduatedSymbolRenderer) -> None:
-    """ArcMap draws the large markers of a legend first, whatever the order of the features."""
-    sizes = sorted({each.symbol().size() for each in renderer.ranges()}, reverse=True)
-    if len(sizes) < 2:
+    """ArcMap draws the large markers of a legend first, and those of one size as they come."""
+    ranges = sorted(renderer.ranges(), key=lambda each: each.upperValue())
+    if len({each.symbol().size() for each in ranges}) < 2:
         return
-    for index, each in enumerate(renderer.ranges()):
-        symbol = each.symbol().clone()
-        for layer in symbol.symbolLayers():
-            layer.setRenderingPass(sizes.index(each.symbol().size()))
-        renderer.updateRangeSymbol(index, symbol)
-    renderer.setUsingSymbolLevels(True)
+    attribute = renderer.classAttribute()
+    value = attribute if " / " in attribute else QgsExpression.quotedColumnRef(attribute)
+    cases = " ".join(
+        f"WHEN {value} <= {each.upperValue()!r} THEN {each.symbol().size()!r}" for each in ranges
+    )
+    clause = QgsFeatureRequest.OrderByClause
+    renderer.setOrderBy(
+        QgsFeatureRequest.OrderBy([clause(f"CASE {cases} END", False), clause("$id", True)])
+    )
+    renderer.setOrderByEnabled(True)
 
 
 def graduated(

@@ -1,0 +1,136 @@
+"""mxd2qgis: converts map documents without a window."""
+
+from __future__ import annotations
+
+import argparse
+import os
+import sys
+from typing import Iterator, Optional, TextIO
+
+from . import VERSION
+from .conversion import Options, Result, convert_document
+from .reader import ReadError, documents_in, find_mxdinfo
+from .sources import Places
+
+# As mxdinfo has them.
+OK, FAILED, USAGE, LOSSES = 0, 1, 2, 3
+
+
+def mapping(text: str) -> tuple[str, str]:
+    """C:\\data=/mnt/data"""
+    stored, separator, here = text.partition("=")
+    if not separator or not stored or not here:
+        raise argparse.ArgumentTypeError(f"{text!r} is no STORED=HERE")
+    return stored, here
+
+
+def styles(text: str) -> tuple[str, ...]:
+    names = tuple(name.strip() for name in text.split(","))
+    if not set(names) <= {"qml", "sld"}:
+        raise argparse.ArgumentTypeError("styles are qml and sld")
+    return names
+
+
+def parser() -> argparse.ArgumentParser:
+    result = argparse.ArgumentParser(
+        prog="mxd2qgis", description="Converts ArcMap documents to QGIS projects."
+    )
+    add = result.add_argument
+    add("inputs", nargs="+", metavar="FILE|FOLDER")
+    add("-r", "--recursive", action="store_true", help="search folders with all below them")
+    add("-o", "--output", metavar="FOLDER", help="write there, not beside the documents")
+    add("--map", action="append", default=[], type=mapping, metavar="STORED=HERE",
+        help="the folder STORED in documents is HERE on this machine")  # fmt: skip
+    add("--search", metavar="FOLDER", help="search it by name for data that is nowhere else")
+    add("--styles", type=styles, default=(), metavar="qml,sld", help="write a style per layer")
+    add("--pictures", action="store_true", help="draw each map to a PNG file")
+    add("--losses", metavar="FILE", help="write all losses to it, as tab-separated values")
+    add("--strict", action="store_true", help=f"end with {LOSSES} if anything is lost")
+    add("--mxdinfo", default="", metavar="FILE", help="the program that reads documents")
+    add("-q", "--quiet", action="store_true", help="no messages but of failures")
+    add("--version", action="version", version=f"mxd2qgis {VERSION}")
+    return result
+
+
+def documents(inputs: list[str], recursive: bool) -> Iterator[tuple[str, str]]:
+    """Each document with the folder it was found in, or its own."""
+    for path in inputs:
+        if os.path.isdir(path):
+            yield from ((each, path) for each in documents_in(path, recursive))
+        else:
+            yield path, os.path.dirname(path)
+
+
+def output_folder(document: str, found_in: str, output: Optional[str]) -> str:
+    """Below the output folder, documents keep their places."""
+    folder = os.path.dirname(document)
+    if output is None:
+        return folder or "."
+    return os.path.normpath(os.path.join(output, os.path.relpath(folder or ".", found_in or ".")))
+
+
+def one_line(text: str) -> str:
+    """Without control characters, which names of layers may have."""
+    return "".join(c if c.isprintable() else "\ufffd" for c in text)
+
+
+def write_losses(file: TextIO, result: Result) -> None:
+    rows = [(loss.layer, loss.what, loss.consequence) for loss in result.losses]
+    if result.error:
+        rows.append(("", "document", result.error))
+    for row in rows:
+        file.write("\t".join(one_line(cell) for cell in (result.document, *row)) + "\n")
+
+
+def say(text: str) -> None:
+    print(f"mxd2qgis: {one_line(text)}", file=sys.stderr)
+
+
+def report(result: Result, quiet: bool) -> None:
+    if result.error:
+        say(f"{result.document}: {result.error}")
+    elif not quiet:
+        print(
+            f"{one_line(result.project or '')}: {result.maps} maps, {result.layers} layers, "
+            f"{result.layers - result.valid} without data, {len(result.losses)} losses",
+            flush=True,
+        )
+
+
+def run(arguments: argparse.Namespace) -> int:
+    places = Places(arguments.map, arguments.search)
+    mxdinfo = find_mxdinfo(arguments.mxdinfo)
+    options = Options(mxdinfo, places, arguments.styles, arguments.pictures)
+    failed = lossy = 0
+    losses = open(arguments.losses, "w", encoding="utf-8") if arguments.losses else None
+    try:
+        for path, found_in in documents(arguments.inputs, arguments.recursive):
+            folder = output_folder(path, found_in, arguments.output)
+            result = convert_document(path, folder, options)
+            report(result, arguments.quiet)
+            failed += bool(result.error)
+            lossy += bool(result.losses)
+            if losses:
+                write_losses(losses, result)
+    finally:
+        if losses:
+            losses.close()
+    if failed:
+        return FAILED
+    return LOSSES if lossy and arguments.strict else OK
+
+
+def main() -> int:
+    arguments = parser().parse_args()
+    os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")
+    from qgis.core import QgsApplication
+
+    application = QgsApplication([], False)
+    application.initQgis()
+    try:
+        return run(arguments)
+    except (ReadError, OSError) as error:
+        say(str(error))
+        return FAILED
+    finally:
+        application.exitQgis()

@@ -1,0 +1,143 @@
+"""The plugin: menu entry, drag and drop, Processing provider."""
+
+from __future__ import annotations
+
+import os
+from typing import Any, Optional
+
+from qgis.core import Qgis, QgsApplication, QgsMessageLog, QgsProject, QgsSettings
+from qgis.gui import QgsCustomDropHandler
+from qgis.PyQt.QtCore import Qt
+from qgis.PyQt.QtGui import QIcon
+from qgis.PyQt.QtWidgets import QAction, QFileDialog, QMessageBox, QProgressDialog
+
+from .losses import Losses
+from .project import Builder, Cancelled, view_of
+from .provider import Provider
+from .reader import Document, ReadError, find_mxdinfo
+from .sources import Places
+from .task import ReadTask
+
+NAME = "ArcMap Documents"
+MXDINFO_SETTING = "arcmap_documents/mxdinfo"
+FOLDER_SETTING = "arcmap_documents/last_folder"
+
+
+class DropHandler(QgsCustomDropHandler):
+    """Takes map documents that are dropped onto the map."""
+
+    def __init__(self, plugin: "ArcMapDocuments") -> None:
+        super().__init__()
+        self._plugin = plugin
+
+    def handleFileDrop(self, file: str) -> bool:  # noqa: N802
+        if not file.lower().endswith(".mxd"):
+            return False
+        self._plugin.open(file)
+        return True
+
+
+class ArcMapDocuments:
+    """What QGIS makes of the plugin's folder."""
+
+    def __init__(self, iface: Any) -> None:
+        self.iface = iface
+        self.action: Optional[QAction] = None
+        self.provider: Optional[Provider] = None
+        self.drop_handler: Optional[DropHandler] = None
+        # Kept until it is done: QGIS does not own the Python part of a task.
+        self.task: Optional[ReadTask] = None
+
+    def initProcessing(self) -> None:  # noqa: N802
+        self.provider = Provider()
+        QgsApplication.processingRegistry().addProvider(self.provider)
+
+    def initGui(self) -> None:  # noqa: N802
+        self.initProcessing()
+        icon = QIcon(os.path.join(os.path.dirname(__file__), "icon.svg"))
+        self.action = QAction(icon, "Open ArcMap Document...", self.iface.mainWindow())
+        self.action.triggered.connect(self.choose)
+        self.iface.addPluginToMenu(NAME, self.action)
+        self.iface.addToolBarIcon(self.action)
+        self.drop_handler = DropHandler(self)
+        self.iface.registerCustomDropHandler(self.drop_handler)
+
+    def unload(self) -> None:
+        if self.action is not None:
+            self.iface.removePluginMenu(NAME, self.action)
+            self.iface.removeToolBarIcon(self.action)
+        if self.drop_handler is not None:
+            self.iface.unregisterCustomDropHandler(self.drop_handler)
+        if self.provider is not None:
+            QgsApplication.processingRegistry().removeProvider(self.provider)
+
+    def choose(self) -> None:
+        folder = QgsSettings().value(FOLDER_SETTING, "")
+        path, _ = QFileDialog.getOpenFileName(
+            self.iface.mainWindow(), "Open ArcMap Document", folder, "ArcMap documents (*.mxd)"
+        )
+        if path:
+            QgsSettings().setValue(FOLDER_SETTING, os.path.dirname(path))
+            self.open(path)
+
+    def open(self, path: str) -> None:
+        """Reads the document in the background and makes it the project."""
+        try:
+            mxdinfo = find_mxdinfo(QgsSettings().value(MXDINFO_SETTING, ""))
+        except ReadError as error:
+            self._fail(path, str(error))
+            return
+
+        def done(document: Optional[Document], error: str) -> None:
+            if document is None:
+                self._fail(path, error)
+            else:
+                self._build(document)
+
+        self.task = ReadTask(mxdinfo, path, done)
+        QgsApplication.taskManager().addTask(self.task)
+
+    def _fail(self, path: str, error: str) -> None:
+        self.iface.messageBar().pushMessage(NAME, f"{path}: {error}", level=Qgis.Critical)
+
+    def _build(self, document: Document) -> None:
+        if QgsProject.instance().isDirty() and not self._may_replace():
+            return
+        dialog = QProgressDialog("Opening the document...", "Cancel", 0, 100)
+        dialog.setWindowModality(Qt.WindowModal)
+
+        def progress(share: float) -> bool:
+            dialog.setValue(int(100 * share))
+            return not dialog.wasCanceled()
+
+        losses = Losses()
+        losses.add_read_losses(document.losses)
+        QgsProject.instance().clear()
+        try:
+            maps = Builder(QgsProject.instance(), document, Places(), losses).build(progress)
+        except Cancelled:
+            QgsProject.instance().clear()
+            return
+        finally:
+            dialog.close()
+        if maps and not view_of(maps[0]).isEmpty():
+            self.iface.mapCanvas().setExtent(view_of(maps[0]))
+        self._show_losses(document, losses)
+
+    def _may_replace(self) -> bool:
+        question = "The project has changes that are not saved. Replace it?"
+        answer = QMessageBox.question(self.iface.mainWindow(), NAME, question)
+        return bool(answer == QMessageBox.Yes)
+
+    def _show_losses(self, document: Document, losses: Losses) -> None:
+        lines = [loss.text() for loss in losses.all()]
+        for line in lines:
+            QgsMessageLog.logMessage(line, NAME, Qgis.Warning)
+        if not lines:
+            return
+        box = QMessageBox(self.iface.mainWindow())
+        box.setWindowTitle(NAME)
+        box.setText(f"{os.path.basename(document.path)} is open. {len(lines)} losses:")
+        box.setDetailedText("\n".join(lines))
+        box.setAttribute(Qt.WA_DeleteOnClose)
+        box.open()

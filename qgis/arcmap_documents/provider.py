@@ -1,0 +1,132 @@
+"""The Processing provider with its only algorithm."""
+
+from __future__ import annotations
+
+import os
+from typing import Any
+
+from qgis.core import (
+    QgsProcessingAlgorithm,
+    QgsProcessingContext,
+    QgsProcessingException,
+    QgsProcessingFeedback,
+    QgsProcessingOutputNumber,
+    QgsProcessingParameterBoolean,
+    QgsProcessingParameterEnum,
+    QgsProcessingParameterFile,
+    QgsProcessingParameterFolderDestination,
+    QgsProcessingParameterString,
+    QgsProcessingProvider,
+    QgsSettings,
+)
+
+from .reader import ReadError, documents_in, find_mxdinfo
+from .sources import Places
+
+STYLES = ["qml", "sld"]
+
+
+class ConvertDocuments(QgsProcessingAlgorithm):
+    """Converts a document, or all documents of a folder."""
+
+    def createInstance(self) -> "ConvertDocuments":  # noqa: N802
+        return ConvertDocuments()
+
+    def name(self) -> str:
+        return "convert"
+
+    def displayName(self) -> str:  # noqa: N802
+        return "Convert ArcMap documents"
+
+    def shortHelpString(self) -> str:  # noqa: N802
+        return (
+            "Writes a QGIS project for an ArcMap document (.mxd), or for each document of a folder "
+            "and of the folders below it. Folder mappings are STORED=HERE, one a line."
+        )
+
+    def flags(self) -> Any:
+        # Projects are built in the main thread.
+        return super().flags() | QgsProcessingAlgorithm.FlagNoThreading
+
+    def initAlgorithm(self, config: Any = None) -> None:  # noqa: N802
+        file, folder = QgsProcessingParameterFile.File, QgsProcessingParameterFile.Folder
+        for parameter in (
+            QgsProcessingParameterFile(
+                "DOCUMENT", "Document", file, fileFilter="ArcMap documents (*.mxd)", optional=True
+            ),
+            QgsProcessingParameterFile("FOLDER", "Folder of documents", folder, optional=True),
+            QgsProcessingParameterString("MAPPINGS", "Folder mappings", "", True, True),
+            QgsProcessingParameterFile("SEARCH", "Folder to search", folder, optional=True),
+            QgsProcessingParameterEnum("STYLES", "Styles", STYLES, True, [], True),
+            QgsProcessingParameterBoolean("PICTURES", "Draw pictures", False),
+            QgsProcessingParameterFolderDestination("OUTPUT", "Output folder"),
+        ):
+            self.addParameter(parameter)
+        self.addOutput(QgsProcessingOutputNumber("PROJECTS", "Projects written"))
+        self.addOutput(QgsProcessingOutputNumber("LOSSES", "Losses"))
+
+    def _documents(self, parameters: dict[str, Any], context: QgsProcessingContext) -> list[str]:
+        document = self.parameterAsFile(parameters, "DOCUMENT", context)
+        folder = self.parameterAsFile(parameters, "FOLDER", context)
+        documents = [document] if document else []
+        if folder:
+            documents += documents_in(folder, True)
+        if not documents:
+            raise QgsProcessingException("There is no document to convert")
+        return documents
+
+    def _options(self, parameters: dict[str, Any], context: QgsProcessingContext) -> Any:
+        from .cli import mapping
+        from .conversion import Options
+
+        lines = self.parameterAsString(parameters, "MAPPINGS", context).splitlines()
+        search = self.parameterAsFile(parameters, "SEARCH", context) or None
+        chosen = self.parameterAsEnums(parameters, "STYLES", context)
+        return Options(
+            find_mxdinfo(QgsSettings().value("arcmap_documents/mxdinfo", "")),
+            Places([mapping(line) for line in lines if line.strip()], search),
+            tuple(STYLES[index] for index in chosen),
+            self.parameterAsBool(parameters, "PICTURES", context),
+        )
+
+    def processAlgorithm(  # noqa: N802
+        self,
+        parameters: dict[str, Any],
+        context: QgsProcessingContext,
+        feedback: QgsProcessingFeedback,
+    ) -> dict[str, Any]:
+        from .conversion import convert_document
+
+        try:
+            options = self._options(parameters, context)
+        except (ReadError, ValueError, TypeError) as error:
+            raise QgsProcessingException(str(error)) from error
+        output = self.parameterAsString(parameters, "OUTPUT", context)
+        documents = self._documents(parameters, context)
+        base = os.path.dirname(os.path.commonpath([os.path.abspath(each) for each in documents]))
+        projects = losses = 0
+        for index, path in enumerate(documents):
+            if feedback.isCanceled():
+                break
+            feedback.setProgress(100 * index / len(documents))
+            below = os.path.relpath(os.path.dirname(os.path.abspath(path)), base)
+            folder = output if len(documents) == 1 else os.path.join(output, below)
+            result = convert_document(path, folder, options)
+            for loss in result.losses:
+                feedback.pushWarning(f"{path}: {loss.text()}")
+            if result.error:
+                feedback.reportError(f"{path}: {result.error}")
+            projects += not result.error
+            losses += len(result.losses)
+        return {"OUTPUT": output, "PROJECTS": projects, "LOSSES": losses}
+
+
+class Provider(QgsProcessingProvider):
+    def id(self) -> str:
+        return "arcmap_documents"
+
+    def name(self) -> str:
+        return "ArcMap documents"
+
+    def loadAlgorithms(self) -> None:  # noqa: N802
+        self.addAlgorithm(ConvertDocuments())
