@@ -1,0 +1,97 @@
+"""A headless QGIS, and documents as the JSON of mxdinfo describes them."""
+
+from __future__ import annotations
+
+import os
+import sys
+import tempfile
+import unittest
+from typing import Any, Optional
+
+os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "qgis"))
+
+from qgis.core import QgsApplication, QgsProject, QgsSymbol, QgsVectorLayer  # noqa: E402
+
+from arcmap_documents.conversion import Options, Result, convert_document  # noqa: E402
+from arcmap_documents.losses import Losses  # noqa: E402
+from arcmap_documents.sources import Places  # noqa: E402
+
+MXDINFO = os.environ.get("MXDINFO", "mxdinfo")
+SAMPLE = os.path.join(ROOT, "examples", "sample.mxd")
+SHARED = os.path.join(ROOT, os.pardir, "shared")
+
+# One for all tests: QGIS cannot be started twice.
+APPLICATION = QgsApplication([], False)
+APPLICATION.initQgis()
+
+BLACK = {"rgb": "#000000", "off": False, "dither": False, "model": "rgb"}
+RED = {**BLACK, "rgb": "#ff0000"}
+OFF = {**RED, "off": True}
+_COMMON = {"enabled": True, "locked": False, "tag": ""}
+_PLACE = {"angle": 0.0, "offset_x": 0.0, "offset_y": 0.0}
+
+_DEFAULTS: dict[str, dict[str, Any]] = {
+    "simple_marker": {"style": "circle", "color": RED, "size": 8.0, **_PLACE, "outline": False,
+                      "outline_width": 0.0, "outline_color": None},
+    "char_marker": {"character": 33, "font_name": "ESRI Default Marker", "color": RED,
+                    "size": 10.0, **_PLACE},
+    "arrow_marker": {"color": RED, "size": 12.0, "width": 6.0, **_PLACE},
+    "picture_marker": {"size": 12.0, **_PLACE, "colors": []},
+    "multilayer_marker": {"layers": []},
+    "simple_line": {"style": "solid", "color": RED, "width": 2.0},
+    "cartographic_line": {"color": RED, "width": 2.0, "offset": 0.0, "cap": "butt",
+                          "join": "miter", "template": None, "decorations": []},
+    "hash_line": {"color": RED, "width": 10.0, "angle": 90.0, "offset": 0.0, "cap": "butt",
+                  "join": "miter", "template": None, "line": None},
+    "marker_line": {"offset": 0.0, "template": None, "marker": None},
+    "multilayer_line": {"layers": []},
+    "simple_fill": {"color": RED, "outline": None},
+    "line_fill": {"angle": 0.0, "offset": 0.0, "separation": 8.0, "pattern": None,
+                  "outline": None},
+    "marker_fill": {"random": False, "offset_x": 0.0, "offset_y": 0.0, "separation_x": 10.0,
+                    "separation_y": 12.0, "marker": None, "outline": None},
+    "picture_fill": {"colors": [RED], "outline": None},
+    "multilayer_fill": {"layers": []},
+}  # fmt: skip
+
+
+def symbol(kind: str, **fields: Any) -> dict[str, Any]:
+    """A symbol as JSON has it, with the given fields."""
+    return {"kind": kind, **_COMMON, **_DEFAULTS[kind], **fields}
+
+
+def template(*lengths: float, interval: float = 1.0) -> dict[str, Any]:
+    """Filled and empty lengths in turn."""
+    items = [{"filled": f, "empty": e} for f, e in zip(lengths[::2], lengths[1::2])]
+    return {"interval": interval, "items": items}
+
+
+class Case(unittest.TestCase):
+    def setUp(self) -> None:
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.addCleanup(QgsProject.instance().clear)
+        self.folder = scratch.name
+        self.losses = Losses()
+
+    def convert(self, document: str, places: Optional[Places] = None, **options: Any) -> Result:
+        chosen = Options(MXDINFO, places or Places(), **options)
+        result = convert_document(document, self.folder, chosen)
+        self.assertEqual("", result.error)
+        return result
+
+    def reopened(self, document: str, places: Optional[Places] = None) -> QgsProject:
+        """The project of a document, as QGIS reads it from its file."""
+        result = self.convert(document, places)
+        project = QgsProject.instance()
+        self.assertTrue(project.read(result.project))
+        return project
+
+    def layer(self, project: QgsProject, name: str) -> QgsVectorLayer:
+        return project.mapLayersByName(name)[0]
+
+    def properties(self, made: QgsSymbol) -> list[dict[str, str]]:
+        """Of the symbol's layers, from the bottom up."""
+        return [each.properties() for each in made.symbolLayers()]
