@@ -52,6 +52,9 @@ int main(int count, char** arguments) {
                          maps_stream(mxd::path_from_bytes(arguments[i])));
   }
   write_seeds(folder / "stream", streams);
+  const Seeds outlines = outline_seeds();
+  streams.insert(streams.end(), outlines.begin(), outlines.end());
+  write_seeds(folder / "outline", streams);
   write_seeds(folder / "compound", compound_seeds());
   write_seeds(folder / "search", search_seeds());
   write_seeds(folder / "text", text_seeds());

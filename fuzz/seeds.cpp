@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
-#include "rendering/property_page.h"
 #include "storage/compound_file.h"
 #include "support/class_table.h"
 #include "support/damaged_files.h"
-#include "support/document_records.h"
+#include "support/outline_records.h"
 #include "support/sample_document.h"
 #include "support/temp_file.h"
 
@@ -60,6 +59,33 @@ Seeds stream_seeds() {
   seeds.emplace_back("sample_cut", cut(sample, sample.size() / 2));
   seeds.emplace_back("no_map", Bytes().i32(1).counting(20).data());
   return seeds;
+}
+
+Seeds outline_seeds() {
+  const Bytes symbol = text_symbol(70, rgb_color(71, 50), font("Arial", 8, 8.25));
+  const Bytes labelled = definition_query(text("A > 1"), rgb_color(72, 10))
+                             .add(labels(73, -1, label_class(74, text("[Name]"), symbol)));
+  const Bytes group = listed_group(
+      2, "group",
+      member_list({named_feature_layer(3, "a", labelled), listed_group(8, "in", member_list({}))}));
+  const Bytes base =
+      basemap(10, "base", member_list({foreign_layer(11, map_service_id, "service")}));
+  const Bytes ranges = Bytes().i32(2).f64s({1, 2}).f64s({0, 1});
+  const Bytes breaks = feature_layer(20, class_breaks_renderer(23, ranges)
+                                             .add(normalization(number_format(25), text("AREA"), 0))
+                                             .guid(Tmxd_graduated_color_property_page::clsid.guid)
+                                             .wide("N")
+                                             .f64s({2, 1}));
+  const Bytes extent = envelope(80, {1, 2, 3, 4}).add(its_system()).add(envelope(81, {1, 2, 3, 4}));
+  const auto stream = [&](const Bytes& before, const Bytes& list) {
+    return Bytes().i32(1).add(listed_map(1, "map", Bytes(before).add(list).add(extent))).data();
+  };
+  const Bytes list = map_list(
+      {group, base, image_service(15, "image"), breaks, foreign_layer(16, unheard_of_id, "tiles")});
+  return {{"list", stream(before_list(), list)},
+          {"list_without_system", stream(text("").null_object(), list)},
+          {"list_to_search", stream(before_list(5), list)},
+          {"list_elsewhere", stream(before_list(), Bytes().i32(3))}};
 }
 
 Seeds compound_seeds() {

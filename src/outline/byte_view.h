@@ -19,6 +19,12 @@ class Byte_view final : public Tmxd_ieee_stream {
   explicit Byte_view(std::span<const std::uint8_t> buffer) : Byte_view(buffer, 0, buffer.size()) {}
   Byte_view(const Byte_view& other)
       : Tmxd_ieee_stream(), buffer_(other.buffer_), position_(other.position_) {}
+  Byte_view& operator=(const Byte_view& other) {
+    buffer_ = other.buffer_;
+    position_ = other.position_;
+    return *this;
+  }
+  ~Byte_view() override = default;
 
   bool set_size(std::uint64_t /*new_size*/) override { return false; }
   std::uint64_t get_size() override { return buffer_.size(); }
@@ -83,7 +89,10 @@ class Byte_search {
   std::optional<std::uint64_t> first(std::uint64_t from, std::uint64_t to,
                                      std::span<const Guid> class_ids);
 
-  // Positions that were looked at.
+  // Counts bytes that were read at a place that may be read again.
+  void count(std::uint64_t bytes) { steps_ += bytes; }
+
+  // Positions that were looked at, and bytes counted.
   std::uint64_t steps() const { return steps_; }
 
  private:

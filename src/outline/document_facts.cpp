@@ -1,6 +1,7 @@
 #include "outline/document_facts.h"
 
-#include <cmath>
+#include <algorithm>
+#include <utility>
 
 #include "core/read_helpers.h"
 #include "outline/byte_view.h"

@@ -1,5 +1,6 @@
 #include "outline/epsg_code.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace mxd {

@@ -12,6 +12,8 @@ struct Extent {
   double ymin = 0;
   double xmax = 0;
   double ymax = 0;
+
+  bool operator==(const Extent&) const = default;
 };
 
 // What the data frame of a map shows. The map's part of the stream after its layers is [from, end).

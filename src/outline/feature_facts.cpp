@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "core/read_helpers.h"
 #include "document/layer.h"
@@ -36,11 +37,12 @@ Label_class::Rgb rgb_of(const Color& color) {
   return rgb;
 }
 
-// A whole color object, of the classes that are decoded.
+// A whole color object, of the classes that are decoded. All have version 1; a color that was
+// stored before has no version, and seldom looks like it.
 std::optional<Label_class::Rgb> read_color(Byte_view& bytes) {
   Object_start start;
   std::uint16_t version = 0;
-  if (!read_version(bytes, start, version)) return std::nullopt;
+  if (!read_version(bytes, start, version) || version != 1) return std::nullopt;
   if (start.class_id == Tmxd_cmyk_color::clsid.guid) {
     Tmxd_cmyk_color color;
     const bool ok =

@@ -25,7 +25,8 @@ constexpr std::size_t decoded_count = 4;
 
 std::string guid_text(const Guid& guid) {
   std::string text = bytes_to_hex({guid.bytes.begin(), guid.bytes.end()}, "");
-  for (const std::size_t dash : {8, 13, 18, 23}) text.insert(dash, 1, '-');
+  constexpr std::array<std::size_t, 4> dashes = {8, 13, 18, 23};
+  for (const std::size_t dash : dashes) text.insert(dash, 1, '-');
   return text;
 }
 

@@ -1,7 +1,7 @@
 #include "outline/layer_list.h"
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 #include "core/read_helpers.h"
 #include "document/coordinate_system.h"

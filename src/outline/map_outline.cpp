@@ -4,6 +4,7 @@
 #include <map>
 #include <numeric>
 #include <set>
+#include <utility>
 
 #include "core/read_helpers.h"
 
@@ -30,18 +31,20 @@ std::optional<Wide_string> read_property_text(Byte_view& bytes) {
 }
 
 // Begins with the count of its properties, the second of which is the name.
-std::optional<Wide_string> read_image_service_name(Byte_view bytes) {
+std::optional<Wide_string> read_image_service_name(Byte_view& bytes) {
   if (!bytes.skip(4) || !read_property_text(bytes)) return std::nullopt;
   return read_property_text(bytes);
 }
 
-std::optional<Wide_string> read_name(Byte_view bytes, Layer_kind kind) {
+// Leaves the position where reading ended, also when it failed.
+std::optional<Wide_string> read_name(Byte_view& bytes, Layer_kind kind) {
   if (kind == Layer_kind::image_service) return read_image_service_name(bytes);
   if (kind == Layer_kind::raster && !bytes.skip(2)) return std::nullopt;
-  Byte_view again(bytes);
+  const Byte_view start(bytes);
   auto name = read_text(bytes);
-  if (name || kind != Layer_kind::unknown || !again.skip(2)) return name;
-  return read_text(again);
+  if (name || kind != Layer_kind::unknown) return name;
+  bytes = start;
+  return bytes.skip(2) ? read_text(bytes) : std::nullopt;
 }
 
 // Where a string that begins at `start` ends, or nothing if it does not end before `end`.
@@ -123,12 +126,15 @@ class Reader {
     records_.push_back(std::move(record));
   }
 
-  // Layers of unlisted groups may overlap, and their names with them.
+  // Layers of unlisted groups may overlap, and their names with them. All names together are read
+  // from no more bytes than the map has.
   Wide_string name_of(std::uint64_t position, std::uint64_t end, Layer_kind kind) {
-    const auto name = read_name(stream_.view(position, end), kind);
-    if (!name || 2 * name->size() > name_bytes_left_) return {};
-    name_bytes_left_ -= 2 * name->size();
-    return *name;
+    Byte_view bytes = stream_.view(position, std::min(end, position + name_bytes_left_));
+    const auto name = read_name(bytes, kind);
+    const std::uint64_t bytes_read = bytes.tell() - position;
+    name_bytes_left_ -= bytes_read;
+    stream_.count(bytes_read);
+    return name.value_or(Wide_string());
   }
 
   // Members are added at the end, and so looked at in turn.
