@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "storage/bytes.h"
+#include "storage/stream.h"
 #include "storage/text.h"
 
 namespace mxd::fuzz {

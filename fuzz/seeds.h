@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "storage/bytes.h"
+#include "storage/stream.h"
 #include "storage/text.h"
 
 namespace mxd::fuzz {

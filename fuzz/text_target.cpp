@@ -36,11 +36,11 @@ void check_stored(std::span<const std::uint8_t> data) {
   test::Decoder wide_decoder(bytes);
   Wide_string wide;
   if (read_wide_string(wide_decoder.stream, wide)) check_wide(wide);
-  fuzz::require(wide.size() <= longest_string / 2, "no wide string is longer than the longest");
+  fuzz::require(wide.size() <= max_string_size / 2, "no wide string is longer than the longest");
   test::Decoder narrow_decoder(bytes);
   std::string narrow;
   if (read_narrow_string(narrow_decoder.stream, narrow)) check_narrow(narrow);
-  fuzz::require(narrow.size() <= longest_string, "no string is longer than the longest");
+  fuzz::require(narrow.size() <= max_string_size, "no string is longer than the longest");
 }
 
 void check_number(std::span<const std::uint8_t> data) {

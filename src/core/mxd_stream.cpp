@@ -11,7 +11,7 @@ Scan_result Tmxd_mxd_stream::scan(std::span<const Guid> candidates, std::int64_t
   const std::int64_t from = start < 0 ? position() : start;
   Scan_result result = index_.scan(candidates, from, limit);
   load_.count_search(candidates.size());
-  if (!result.hit) seek(static_cast<std::uint64_t>(from));
+  if (!result.hit) static_cast<void>(seek(static_cast<std::uint64_t>(from)));
   return result;
 }
 
@@ -20,7 +20,7 @@ Find_all_result Tmxd_mxd_stream::find_all(std::span<const Guid> candidates, std:
   const std::int64_t from = start < 0 ? position() : start;
   Find_all_result result = index_.find_all(candidates, from, limit);
   load_.count_search(candidates.size() + result.hits.size());
-  if (result.hits.empty()) seek(static_cast<std::uint64_t>(from));
+  if (result.hits.empty()) static_cast<void>(seek(static_cast<std::uint64_t>(from)));
   return result;
 }
 

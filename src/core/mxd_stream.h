@@ -18,7 +18,7 @@ class Tmxd_mxd_stream final : public Tmxd_ieee_stream {
 
   [[nodiscard]] bool set_size(std::uint64_t new_size) override { return inner_.set_size(new_size); }
   std::uint64_t get_size() override { return inner_.get_size(); }
-  bool seek(std::uint64_t position) override { return inner_.seek(position); }
+  [[nodiscard]] bool seek(std::uint64_t position) override { return inner_.seek(position); }
   std::uint64_t tell() override { return inner_.tell(); }
   [[nodiscard]] bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override {
     return !load_.budget().exhausted() && inner_.read(buffer, element_size, count) &&

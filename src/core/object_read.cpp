@@ -79,7 +79,7 @@ bool skip_null_guid(Tmxd_mxd_stream& stream) {
   const std::uint64_t start = stream.tell();
   Guid found;
   if (read_guid(stream, found) && found.is_null()) return true;
-  stream.seek(start);
+  static_cast<void>(stream.seek(start));
   return false;
 }
 

@@ -17,7 +17,7 @@ bool read_long_text(Byte_view& bytes, Wide_string& out) {
   out.resize(static_cast<std::size_t>(size) / 2);
   for (Wide_char& unit : out) {
     std::uint16_t stored = 0;
-    read_number(bytes, stored);
+    if (!read_number(bytes, stored)) return false;
     unit = static_cast<Wide_char>(stored);
   }
   out.resize(std::min(out.size(), out.find(Wide_char{0})));

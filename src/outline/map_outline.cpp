@@ -24,7 +24,7 @@ std::optional<Wide_string> read_property_text(Byte_view& bytes) {
   Wide_string text;
   for (std::int32_t i = 0; i < units; ++i) {
     std::uint16_t unit = 0;
-    read_number(bytes, unit);
+    if (!read_number(bytes, unit)) return std::nullopt;
     text.push_back(static_cast<Wide_char>(unit));
   }
   return units == 0 || bytes.skip(2) ? std::optional(text) : std::nullopt;

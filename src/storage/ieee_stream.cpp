@@ -6,8 +6,8 @@
 namespace mxd {
 namespace {
 
-// One block where the stream holds it all. Where it does not, whole units are taken for as long as
-// there are any, so that the position ends behind the last one, and the rest stays as it was.
+// Reads one block if the stream holds it all, otherwise unit by unit, so that the position ends
+// after the last whole unit and the rest keeps its value.
 template <class Byte>
 bool read_units(Tmxd_ieee_stream& stream, std::span<Byte> bytes, std::size_t unit) {
   if (stream.read(bytes.data(), unit, bytes.size() / unit)) return true;
@@ -27,19 +27,19 @@ bool read_characters(Tmxd_ieee_stream& stream, std::size_t count, std::string& o
 bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out) {
   out.clear();
   std::int32_t count = 0;
-  if (!read_number(stream, count) || count < 0 || count > longest_string) return false;
+  if (!read_number(stream, count) || count < 0 || count > max_string_size) return false;
   return read_characters(stream, static_cast<std::size_t>(count), out);
 }
 
 bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out) {
   out.clear();
   std::int32_t count = 0;
-  if (!read_number(stream, count) || count < 0 || count > longest_string || count % 2 != 0) {
+  if (!read_number(stream, count) || count < 0 || count > max_string_size || count % 2 != 0) {
     return false;
   }
-  std::array<std::uint8_t, longest_string> most;
+  std::array<std::uint8_t, max_string_size> buffer;
   const std::size_t units = static_cast<std::size_t>(count) / 2;
-  const std::span stored = std::span(most).first(2 * units);
+  const std::span stored = std::span(buffer).first(2 * units);
   std::ranges::fill(stored, std::uint8_t{0});
   const bool ok = units == 0 || read_units(stream, stored, 2);
   out.resize(units);
@@ -59,7 +59,7 @@ bool read_short_string(Tmxd_ieee_stream& stream, std::string& out) {
   return read_number(stream, count) && read_characters(stream, count, out);
 }
 
-bool skip_broken_guid(Tmxd_ieee_stream& stream) {
+bool fail_at_truncated_guid(Tmxd_ieee_stream& stream) {
   std::uint8_t byte = 0;
   while (read_number(stream, byte)) continue;
   return false;

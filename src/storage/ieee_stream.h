@@ -1,7 +1,7 @@
 // The stream that persisted data is decoded from, and the decoders of its primitives.
 //
-// Everything is little-endian and packed. A decoder answers false at the first read or check that
-// fails; strings and byte runs then still have their declared length, the rest of it zero.
+// Everything is little-endian and packed. A decoder returns false at the first read or check that
+// fails. Strings then still have their declared length; what could not be read is zero.
 #pragma once
 
 #include <bit>
@@ -10,7 +10,6 @@
 #include <span>
 #include <string>
 
-#include "storage/bytes.h"
 #include "storage/guid.h"
 #include "storage/stream.h"
 #include "storage/text.h"
@@ -19,15 +18,15 @@ namespace mxd {
 
 class Tmxd_ieee_stream : public Tmxd_stream {};
 
-// A longer string is taken for misread data.
-inline constexpr std::int32_t longest_string = 9999;
+// Longer strings are treated as corrupt data.
+inline constexpr std::int32_t max_string_size = 9999;
 
 template <class T>
 concept Stored_number = std::integral<T> || std::same_as<T, double>;
 
-// The stream's own class is kept here and below, so that a number costs no virtual call.
+// Templates on the concrete stream class, so that reading a number costs no virtual call.
 template <std::derived_from<Tmxd_ieee_stream> Stream, Stored_number T>
-bool read_number(Stream& stream, T& out) {
+[[nodiscard]] bool read_number(Stream& stream, T& out) {
   std::array<std::uint8_t, sizeof(T)> stored;
   if (!stream.read(stored.data(), sizeof(T), 1)) return false;
   std::uint64_t bits = 0;
@@ -40,37 +39,39 @@ bool read_number(Stream& stream, T& out) {
   return true;
 }
 
-// int32 count of 0 to 9999, then that many bytes.
-bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out);
+// Reads an int32 count of 0 to max_string_size, then that many bytes.
+[[nodiscard]] bool read_narrow_string(Tmxd_ieee_stream& stream, std::string& out);
 
-// int32 count of bytes, even and 0 to 9999, then the UTF-16 units, closing NULs included.
-bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out);
+// Reads an int32 count of bytes, even and 0 to max_string_size, then the UTF-16 units. NULs are
+// kept.
+[[nodiscard]] bool read_wide_string(Tmxd_ieee_stream& stream, Wide_string& out);
 
 // Fills the span; bytes that cannot be read keep their value.
-bool read_bytes(Tmxd_ieee_stream& stream, std::span<std::uint8_t> out);
+[[nodiscard]] bool read_bytes(Tmxd_ieee_stream& stream, std::span<std::uint8_t> out);
 
-// One byte of length, then that many bytes.
-bool read_short_string(Tmxd_ieee_stream& stream, std::string& out);
+// Reads a length of one byte, then that many bytes.
+[[nodiscard]] bool read_short_string(Tmxd_ieee_stream& stream, std::string& out);
 
-// A GUID that breaks off is consumed up to the end of the stream.
-bool skip_broken_guid(Tmxd_ieee_stream& stream);
+// Consumes what is left of a truncated GUID. Always returns false.
+bool fail_at_truncated_guid(Tmxd_ieee_stream& stream);
 
 template <std::derived_from<Tmxd_ieee_stream> Stream>
-bool read_guid(Stream& stream, Guid& out) {
+[[nodiscard]] bool read_guid(Stream& stream, Guid& out) {
   Guid stored;
-  if (!stream.read(stored.bytes.data(), 1, stored.bytes.size())) return skip_broken_guid(stream);
+  if (!stream.read(stored.bytes.data(), 1, stored.bytes.size()))
+    return fail_at_truncated_guid(stream);
   out = swap_guid_byte_order(stored);
   return true;
 }
 
-// A GUID that must be this one.
+// Reads a GUID, which must be the expected one.
 template <std::derived_from<Tmxd_ieee_stream> Stream>
-bool read_class_id(Stream& stream, const Guid& expected) {
+[[nodiscard]] bool read_class_id(Stream& stream, const Guid& expected) {
   Guid found;
   return read_guid(stream, found) && found == expected;
 }
 
-// Two uint32 of which the first must be 13.
-bool read_symbol_trailer(Tmxd_ieee_stream& stream);
+// Reads two uint32; the first must be 13.
+[[nodiscard]] bool read_symbol_trailer(Tmxd_ieee_stream& stream);
 
 }  // namespace mxd

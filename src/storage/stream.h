@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 namespace mxd {
+
+using Byte_run = std::vector<std::uint8_t>;
 
 // Positions and sizes are in bytes. No function throws: a failure is false or 0.
 class Tmxd_stream {

@@ -50,7 +50,7 @@ TEST(Legend_group, dropped_classes_live_until_the_load_ends) {
   ASSERT_TRUE(read_object(group, decoder.stream, -1, -1));
   EXPECT_FALSE(read_object(group, decoder.stream, -1, -1));
   EXPECT_TRUE(group.legend_classes.empty());
-  decoder.stream.seek(references);
+  ASSERT_TRUE(decoder.stream.seek(references));
   for (const char* width : {"width = 0.5\n", "width = 4\n"}) {
     Tmxd_symbol_slot symbol;
     ASSERT_TRUE(symbol.read(decoder.stream, -1));

@@ -80,9 +80,9 @@ TEST(Class_id_search, a_negative_start_is_the_position_and_nothing_found_leaves_
   const std::span<const Guid> maps(&map_id, 1);
   const std::span<const Guid> layers(&layer_id, 1);
   EXPECT_EQ(2U, decoder.stream.find_all(maps, -1, -1).hits.size());
-  decoder.stream.seek(1);
+  ASSERT_TRUE(decoder.stream.seek(1));
   EXPECT_EQ(19, decoder.stream.scan(maps, -1, -1).hit.value().position);
-  decoder.stream.seek(5);
+  ASSERT_TRUE(decoder.stream.seek(5));
   EXPECT_FALSE(decoder.stream.scan(layers, -1, -1).hit);
   EXPECT_EQ(5U, decoder.stream.tell());
   EXPECT_TRUE(decoder.stream.find_all(layers, 2, -1).hits.empty());

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "storage/bytes.h"
+#include "storage/stream.h"
 
 namespace mxd::test {
 

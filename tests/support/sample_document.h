@@ -1,7 +1,7 @@
 // The sample document: small, made up, and with something of every class that is read.
 #pragma once
 
-#include "storage/bytes.h"
+#include "storage/stream.h"
 
 namespace mxd::test {
 

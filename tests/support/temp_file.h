@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "storage/bytes.h"
+#include "storage/stream.h"
 #include "storage/text.h"
 
 namespace mxd::test {
