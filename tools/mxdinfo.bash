@@ -2,7 +2,8 @@
 _mxdinfo() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   local options="--help --version --recursive --files-from --null --jobs --format --output --dump
-    --xml --layers --sources --crs --symbols --find-source --quiet --verbose --color --strict"
+    --xml --layers --sources --crs --symbols --losses
+    --find-source --quiet --verbose --color --strict"
   local IFS=$' \t\n'
   case $previous in
     -f | --format) mapfile -t COMPREPLY < <(compgen -W "text json ndjson csv html xml dump" -- "$current") ;;

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "mxdinfo/facts/report.h"
 
@@ -14,7 +13,8 @@ namespace mxdinfo {
 struct Rendered_document {
   Summary summary;
   std::string text;
-  std::vector<Decode_error> errors;
+  // Lines about what could not be read or written.
+  std::string messages;
 };
 
 // `make` runs on the worker threads and must not throw; `take` runs on the calling thread; if it

@@ -12,14 +12,14 @@
 namespace mxdinfo {
 namespace {
 
-// Compound files of this kind end there.
+// Compound files with sectors of 512 bytes cannot be larger.
 constexpr std::size_t max_document_size = std::size_t{1} << 31;
 
 class Error_collector final : public mxd::Load_observer {
  public:
   explicit Error_collector(std::vector<Decode_error>& errors) : errors_(errors) {}
   void read_failed(const mxd::Read_error& error) override {
-    errors_.push_back({error.number, std::string(error.type_name), error.position});
+    errors_.push_back({error.number, error.type_name, error.position});
   }
 
  private:
@@ -38,13 +38,41 @@ bool read_standard_input(mxd::Tmxd_stream_m& bytes) {
   return std::ferror(input) == 0 && bytes.seek(0);
 }
 
+// Counts what is read of another stream.
+class Counting_stream final : public mxd::Tmxd_stream {
+ public:
+  explicit Counting_stream(mxd::Tmxd_stream& stream) : stream_(stream) {}
+
+  bool set_size(std::uint64_t new_size) override { return stream_.set_size(new_size); }
+  std::uint64_t get_size() override { return stream_.get_size(); }
+  bool seek(std::uint64_t position) override { return stream_.seek(position); }
+  std::uint64_t tell() override { return stream_.tell(); }
+  bool read(void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    const std::uint64_t before = stream_.tell();
+    const bool result = stream_.read(buffer, element_size, count);
+    bytes_read_ += stream_.tell() - before;
+    return result;
+  }
+  bool write(const void* buffer, std::uint64_t element_size, std::uint64_t count) override {
+    return stream_.write(buffer, element_size, count);
+  }
+
+  std::uint64_t bytes_read() const { return bytes_read_; }
+
+ private:
+  mxd::Tmxd_stream& stream_;
+  std::uint64_t bytes_read_ = 0;
+};
+
 void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& report) {
   report.size = file.get_size();
-  Error_collector losses(report.errors);
-  if (!report.content.load(file, path, losses)) {
+  Error_collector errors(report.errors);
+  Counting_stream stream(file);
+  if (!report.content.load(stream, path, errors)) {
     report.failure = "not readable as a map document";
     return;
   }
+  report.bytes_read = std::min(stream.bytes_read(), report.size);
   report.outline = mxd::read_outline(report.content, file);
 }
 

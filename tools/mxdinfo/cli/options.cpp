@@ -20,7 +20,7 @@ constexpr const char* examples = R"(Examples:
   mxdinfo -r -j 4 --format csv -o layers.csv Projects  a table of all layers
 
 Exit code: 0 all documents were read, 1 some cannot be read, 2 wrong usage,
-3 an object cannot be decoded (with --strict).)";
+3 something could not be read (with --strict).)";
 
 std::map<std::string, Format> formats() {
   return {{"text", Format::text}, {"json", Format::json}, {"ndjson", Format::ndjson},
@@ -39,7 +39,7 @@ struct Raw_options {
   Options options;
   bool dump = false;
   std::string xml_file;
-  bool layers = false, sources = false, coordinate_systems = false, symbols = false;
+  bool layers = false, sources = false, coordinate_systems = false, symbols = false, losses = false;
 };
 
 std::string not_empty(const std::string& text) {
@@ -110,6 +110,7 @@ void add_views(CLI::App& app, Raw_options& raw) {
   views->add_flag("--sources", raw.sources, "the data sources and who uses them");
   views->add_flag("--crs", raw.coordinate_systems, "the coordinate systems and who uses them");
   views->add_flag("--symbols", raw.symbols, "the legends, each symbol with its layers");
+  views->add_flag("--losses", raw.losses, "what could not be read, a line each (text, csv)");
   views
       ->add_option("--find-source", raw.options.find_source,
                    "the layers whose data source contains TEXT, capitals or not (text, csv)")
@@ -125,7 +126,7 @@ void add_general_options(CLI::App& app, Options& options) {
   app.add_option("--color", options.color_mode, "auto (default), always, never")
       ->type_name("WHEN")
       ->transform(CLI::CheckedTransformer(color_modes()).description(""));
-  app.add_flag("--strict", options.strict, "exit with 3 if an object cannot be decoded");
+  app.add_flag("--strict", options.strict, "exit with 3 if something could not be read");
   app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
 }
 
@@ -140,6 +141,7 @@ Options resolved(const Raw_options& raw) {
                  : raw.sources            ? View::sources
                  : raw.coordinate_systems ? View::coordinate_systems
                  : raw.symbols            ? View::symbols
+                 : raw.losses             ? View::losses
                                           : View::tree;
   remove_guards(options);
   options.color =
@@ -162,10 +164,12 @@ void check(const Options& options) {
     wrong("FILE", "xml and dump take one file");
   }
   const bool text = options.format == Format::text;
-  if (options.view != View::tree && !text) wrong("--format", "views are of the text");
-  if (!options.find_source.empty() && !text && options.format != Format::csv) {
-    wrong("--find-source", "goes with text and csv");
+  const bool table = text || options.format == Format::csv;
+  if (options.view == View::losses && !table) wrong("--losses", "goes with text and csv");
+  if (options.view != View::tree && options.view != View::losses && !text) {
+    wrong("--format", "views are of the text");
   }
+  if (!options.find_source.empty() && !table) wrong("--find-source", "goes with text and csv");
 }
 
 // The message quotes arguments, which may hold control characters.

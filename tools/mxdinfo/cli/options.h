@@ -15,7 +15,7 @@ enum class Exit_code {
 };
 
 enum class Format { text, json, ndjson, csv, xml, dump, html };
-enum class View { tree, layers, sources, coordinate_systems, symbols };
+enum class View { tree, layers, sources, coordinate_systems, symbols, losses };
 enum class Color_mode { automatic, always, never };
 
 struct Options {

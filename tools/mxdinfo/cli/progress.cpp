@@ -5,14 +5,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "mxdinfo/facts/plural.h"
+
 namespace mxdinfo {
 namespace {
 
 constexpr auto min_interval = std::chrono::milliseconds(100);
-
-std::string plural(std::size_t count, std::string_view what) {
-  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
-}
 
 }  // namespace
 
@@ -43,9 +41,10 @@ void Progress::count(const Totals& totals) {
   width_ = line.size();
 }
 
-void Progress::print_line(const std::string& line) {
+void Progress::print(const std::string& lines) {
+  if (lines.empty()) return;
   erase();
-  print_stderr(line + "\n");
+  print_stderr(lines);
 }
 
 void Progress::end(const Totals& totals) {
@@ -53,7 +52,10 @@ void Progress::end(const Totals& totals) {
   std::string line = "mxdinfo: " + plural(totals.documents, "document");
   if (totals.unreadable != 0) line += fmt::format(", {} of them unreadable", totals.unreadable);
   line += ", " + plural(totals.maps, "map") + ", " + plural(totals.layers, "layer");
-  if (totals.errors != 0) line += ", " + plural(totals.errors, "object") + " not decoded";
+  if (totals.decoded_layers != totals.layers) {
+    line += fmt::format(" ({} of them not decoded)", totals.layers - totals.decoded_layers);
+  }
+  if (totals.losses != 0) line += ", " + plural(totals.losses, "loss", "losses");
   print_stderr(fmt::format("{}; {:.2f} s, {:.0f} documents a second\n", line, seconds(),
                            static_cast<double>(totals.documents) / seconds()));
 }

@@ -1,4 +1,4 @@
-// What a batch tells on standard error while it runs and when it ends.
+// The messages of a run on standard error.
 #pragma once
 
 #include <chrono>
@@ -10,17 +10,19 @@
 
 namespace mxdinfo {
 
-// To standard error, as it is. That it cannot be written is no failure.
+// Writes to standard error. A failure there is ignored.
 void print_stderr(std::string_view text);
 
 class Progress {
  public:
-  // Without `shown` there is no line that counts the documents.
+  // Only with `shown` is there a line that counts the documents.
   Progress(std::size_t total, bool shown) : total_(total), shown_(shown) {}
 
   void count(const Totals& totals);
-  // A whole line, where the counting was.
-  void print_line(const std::string& line);
+  // Prints whole lines in place of the counting line.
+  void print(const std::string& lines);
+  void print_line(const std::string& line) { print(line + "\n"); }
+  // The summary.
   void end(const Totals& totals);
 
  private:

@@ -14,6 +14,8 @@
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/losses.h"
+#include "mxdinfo/output/bounded_text.h"
 #include "mxdinfo/output/report_writer.h"
 
 namespace mxdinfo {
@@ -21,6 +23,16 @@ namespace {
 
 std::string error_message(const std::string& name, std::string_view what) {
   return fmt::format("mxdinfo: {}: {}", escape_controls(name), what);
+}
+
+std::string loss_messages(const Report& report) {
+  constexpr std::size_t max_size = std::size_t{1} << 20;
+  Bounded_text messages(max_size);
+  for (const Loss& loss : losses_of(report)) {
+    if (!messages.append("mxdinfo: " + escape_controls(line_of(report, loss)) + "\n")) break;
+  }
+  if (messages.is_full()) messages.append_end(error_message(report.name, "and more") + "\n");
+  return messages.take();
 }
 
 class Output {
@@ -67,7 +79,7 @@ class Run {
   Exit_code save_xml() {
     Report report;
     load(inputs_.paths.front(), report);
-    record({summary_of(report), {}, std::move(report.errors)});
+    record({summary_of(report), {}, loss_messages(report)});
     if (!report.failure.empty()) return Exit_code::some_unreadable;
     Output output(options_, Line_ends::system);
     if (!output.file()) return Exit_code::some_unreadable;
@@ -105,8 +117,13 @@ class Run {
     report.index = index;
     try {
       load(inputs_.paths[index], report);
-      std::string text = writer.document(report);
-      return {summary_of(report), std::move(text), std::move(report.errors)};
+      auto [text, is_complete] = writer.document(report);
+      Rendered_document result{summary_of(report), std::move(text), loss_messages(report)};
+      if (!is_complete) {
+        ++result.summary.losses;
+        result.messages += error_message(report.name, "the output is too long and was cut") + "\n";
+      }
+      return result;
     } catch (const std::bad_alloc&) {
       return failed(report, writer, "too large for the memory");
     } catch (const std::exception&) {
@@ -124,7 +141,7 @@ class Run {
       empty.index = report.index;
       empty.name = result.summary.name;
       empty.failure = failure;
-      result.text = writer.document(empty);
+      result.text = writer.document(empty).text;
     } catch (const std::exception&) {
       // The summary still reports the document.
     }
@@ -138,27 +155,16 @@ class Run {
       progress_.print_line(error_message(summary.name, summary.failure));
     } else if (options_.verbose) {
       progress_.print_line(
-          error_message(summary.name, fmt::format("{} maps, {} layers, {} not decoded",
-                                                  summary.maps, summary.layers, summary.errors)));
+          error_message(summary.name, fmt::format("{} maps, {} layers, {} losses", summary.maps,
+                                                  summary.layers, summary.losses)));
     }
-    if (!options_.quiet) print_errors(result);
+    if (!options_.quiet) progress_.print(result.messages);
     progress_.count(totals_);
-  }
-
-  void print_errors(const Rendered_document& result) {
-    if (result.errors.empty()) return;
-    if (!inputs_.single) {
-      progress_.print_line(
-          error_message(result.summary.name, "some objects could not be decoded:"));
-    }
-    for (const Decode_error& error : result.errors) {
-      progress_.print_line(mxd::error_line({error.number, error.type, error.position}));
-    }
   }
 
   Exit_code exit_code() const {
     if (totals_.unreadable != 0 || !inputs_.failures.empty()) return Exit_code::some_unreadable;
-    return options_.strict && totals_.errors != 0 ? Exit_code::some_errors : Exit_code::all_read;
+    return options_.strict && totals_.losses != 0 ? Exit_code::some_errors : Exit_code::all_read;
   }
 
   const Options& options_;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/facts.h"
 
 namespace mxdinfo {
 namespace {
@@ -30,7 +30,7 @@ std::string_view workspace_kind(std::string_view workspace) {
 std::string_view feature_data_kind(const Tmxd_feature_layer& layer, const Source& source) {
   const auto* name = layer.feature_class_name.get();
   if (!name) return "other";
-  if (name->type_name() == Tmxd_fgdb_feature_class_name::type) return "file_geodatabase";
+  if (is_of<Tmxd_fgdb_feature_class_name>(*name)) return "file_geodatabase";
   const std::string_view kind = workspace_kind(source.workspace);
   if (!kind.empty()) return kind;
   if (source.feature_dataset.empty()) return source.workspace.empty() ? "other" : "shapefile";
@@ -42,7 +42,7 @@ std::string_view feature_data_kind(const Tmxd_feature_layer& layer, const Source
 std::string_view raster_data_kind(const Tmxd_raster_layer& layer, const Source& source) {
   const auto* name = layer.raster_dataset_name.get();
   if (!name) return "other";
-  if (name->type_name() == Tmxd_fgdb_raster_dataset_name::type) return "file_geodatabase";
+  if (is_of<Tmxd_fgdb_raster_dataset_name>(*name)) return "file_geodatabase";
   const std::string_view kind = workspace_kind(source.workspace);
   return kind.empty() ? "raster" : kind;
 }
@@ -51,13 +51,14 @@ std::string_view raster_data_kind(const Tmxd_raster_layer& layer, const Source& 
 
 std::string_view data_kind(const Tmxd_layer& layer) {
   const Source source = source_of(layer);
-  if (const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer)) {
-    return feature_data_kind(*feature, source);
-  }
-  if (const auto* raster = dynamic_cast<const Tmxd_raster_layer*>(&layer)) {
-    return raster_data_kind(*raster, source);
-  }
-  return "other";
+  using Kind = std::string_view;
+  return visit(
+      layer,
+      Overloaded{
+          [&](const Tmxd_feature_layer& feature) { return feature_data_kind(feature, source); },
+          [&](const Tmxd_raster_layer& raster) { return raster_data_kind(raster, source); },
+          [](const Tmxd_group_layer&) { return Kind("other"); },
+          [](const Tmxd_fdo_graphics_layer&) { return Kind("other"); }});
 }
 
 std::string data_path(const Tmxd_layer& layer) {

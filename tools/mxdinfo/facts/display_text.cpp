@@ -61,9 +61,9 @@ std::string utf8_of_path(std::string_view path) {
   return utf8(mxd::path_from_bytes(path));
 }
 
-std::string shortened(std::string text) {
-  if (text.size() <= max_name_length) return text;
-  std::size_t end = max_name_length;
+std::string shortened(std::string text, std::size_t max_length) {
+  if (text.size() <= max_length) return text;
+  std::size_t end = max_length;
   while (end > 0 && is_continuation(text[end])) --end;
   text.resize(end);
   return text + "…";
@@ -74,6 +74,15 @@ std::string escape_controls(std::string_view text) {
     if (!is_control(c) && !is_direction(c)) return false;
     const auto code = static_cast<std::uint32_t>(c);
     out += c < 0x100 ? fmt::format("\\x{:02x}", code) : fmt::format("\\u{:04x}", code);
+    return true;
+  });
+}
+
+std::string escape_for_json(std::string_view json) {
+  return map_characters(json, [](std::string& out, char32_t c) {
+    // Those below 0x20 are escaped already, or line ends between values.
+    if (c < 0x20 || (!is_control(c) && !is_direction(c))) return false;
+    out += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(c));
     return true;
   });
 }

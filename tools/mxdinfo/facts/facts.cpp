@@ -3,80 +3,33 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 
 #include "mxdinfo/facts/display_text.h"
-#include "rendering/class_breaks_renderer.h"
-#include "rendering/simple_renderer.h"
-#include "rendering/unique_value_renderer.h"
+#include "mxdinfo/facts/layers.h"
+#include "rendering/renderer_classes.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
 
 using namespace mxd;
 
-constexpr std::size_t max_shown_depth = 40;
-
-// The open groups, each with the number of members that are still to come.
-class Group_nesting {
- public:
-  std::vector<const Tmxd_group_layer*> groups() const {
-    std::vector<const Tmxd_group_layer*> shown;
-    for (std::size_t i = 0; i < std::min(open_.size(), max_shown_depth); ++i) {
-      shown.push_back(open_[i].group);
-    }
-    return shown;
-  }
-
-  void passed(const Tmxd_layer& layer) {
-    if (!open_.empty()) --open_.back().left;
-    if (const auto* group = dynamic_cast<const Tmxd_group_layer*>(&layer)) {
-      open_.push_back({group, group->layer_count});
-    }
-    while (!open_.empty() && open_.back().left <= 0) open_.pop_back();
-  }
-
- private:
-  struct Open_group {
-    const Tmxd_group_layer* group;
-    std::int32_t left;
-  };
-  std::vector<Open_group> open_;
-};
+// The layer as this class, or null if it is of another.
+template <class Wanted>
+const Wanted* as(const Tmxd_layer& layer) {
+  return is_of<Wanted>(layer) ? static_cast<const Wanted*>(&layer) : nullptr;
+}
 
 }  // namespace
 
-std::vector<Layer_place> placed_layers(const Tmxd_map& map) {
-  std::vector<Layer_place> places;
-  Group_nesting nesting;
-  for (const auto& layer : map.layers) {
-    places.push_back({layer, nesting.groups()});
-    nesting.passed(*layer);
-  }
-  return places;
-}
-
-std::string kind_of(const Tmxd_layer& layer) {
-  if (dynamic_cast<const Tmxd_group_layer*>(&layer)) return "group";
-  if (dynamic_cast<const Tmxd_feature_layer*>(&layer)) return "feature";
-  if (dynamic_cast<const Tmxd_raster_layer*>(&layer)) return "raster";
-  return "graphics";
-}
-
 std::optional<bool> visible(const Tmxd_layer& layer) {
-  const bool stored = dynamic_cast<const Tmxd_feature_layer*>(&layer) ||
-                      dynamic_cast<const Tmxd_group_layer*>(&layer);
-  if (!stored || layer.repeat) return std::nullopt;
-  return layer.visible != 0;
-}
-
-std::string group_path(const Layer_place& place) {
-  std::string path;
-  for (const auto* group : place.groups) {
-    if (!path.empty()) path += " / ";
-    path += utf8(group->layer_name);
-  }
-  return path;
+  using Result = std::optional<bool>;
+  if (layer.repeat) return std::nullopt;
+  const Result stored = layer.visible != 0;
+  return visit(layer, Overloaded{[&](const Tmxd_group_layer&) { return stored; },
+                                 [&](const Tmxd_feature_layer&) { return stored; },
+                                 [](const Tmxd_raster_layer&) { return Result(); },
+                                 [](const Tmxd_fdo_graphics_layer&) { return Result(); }});
 }
 
 std::string scales_text(const Tmxd_layer& layer) {
@@ -84,6 +37,7 @@ std::string scales_text(const Tmxd_layer& layer) {
     return denominator == 0 ? std::string("any") : fmt::format("1:{:.10g}", denominator);
   };
   if (layer.min_scale == 0 && layer.max_scale == 0) return {};
+  if (!is_possible_scale(layer.min_scale) || !is_possible_scale(layer.max_scale)) return {};
   return scale(layer.min_scale) + " to " + scale(layer.max_scale);
 }
 
@@ -95,7 +49,7 @@ std::string Source::text() const {
 }
 
 bool Source::contains(std::string_view wanted) const {
-  // Between workspace and dataset stands whatever the reader's system puts between names.
+  // Workspace and dataset may be separated as on either system.
   for (const char* separator : {"\\", "/"}) {
     std::string path = workspace;
     for (const std::string& name : {feature_dataset, dataset}) {
@@ -108,25 +62,39 @@ bool Source::contains(std::string_view wanted) const {
   return false;
 }
 
-Source source_of(const Tmxd_layer& layer) {
+namespace {
+
+Source feature_source(const Tmxd_feature_layer& layer) {
   Source source;
-  if (const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer)) {
-    source.workspace = utf8(feature->workspace_name.name);
-    if (const auto* name = feature->feature_class_name.get()) {
-      source.dataset = utf8(name->name);
-      source.type = utf8(name->type_name1);
-      if (name->feature_dataset_name.exists) {
-        source.feature_dataset = utf8(name->feature_dataset_name.str1);
-      }
-    }
-  } else if (const auto* raster = dynamic_cast<const Tmxd_raster_layer*>(&layer)) {
-    source.workspace = utf8(raster->workspace_name.name);
-    if (const auto* name = raster->raster_dataset_name.get()) {
-      source.dataset = utf8(name->str1);
-      source.type = utf8(name->str3);
+  source.workspace = utf8(layer.workspace_name.name);
+  if (const auto* name = layer.feature_class_name.get()) {
+    source.dataset = utf8(name->name);
+    source.type = utf8(name->type_name1);
+    if (name->feature_dataset_name.exists) {
+      source.feature_dataset = utf8(name->feature_dataset_name.str1);
     }
   }
   return source;
+}
+
+Source raster_source(const Tmxd_raster_layer& layer) {
+  Source source;
+  source.workspace = utf8(layer.workspace_name.name);
+  if (const auto* name = layer.raster_dataset_name.get()) {
+    source.dataset = utf8(name->str1);
+    source.type = utf8(name->str3);
+  }
+  return source;
+}
+
+}  // namespace
+
+Source source_of(const Tmxd_layer& layer) {
+  return visit(layer,
+               Overloaded{[](const Tmxd_group_layer&) { return Source(); },
+                          [](const Tmxd_feature_layer& feature) { return feature_source(feature); },
+                          [](const Tmxd_raster_layer& raster) { return raster_source(raster); },
+                          [](const Tmxd_fdo_graphics_layer&) { return Source(); }});
 }
 
 std::string geometry_name(std::int32_t type) {
@@ -146,23 +114,35 @@ std::string geometry_name(std::int32_t type) {
   }
 }
 
+std::string display_field_of(const Tmxd_layer& layer) {
+  const auto* feature = as<Tmxd_feature_layer>(layer);
+  return feature ? utf8(feature->str1) : std::string();
+}
+
 std::string geometry_of(const Tmxd_layer& layer) {
-  const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
+  const auto* feature = as<Tmxd_feature_layer>(layer);
   const auto* name = feature ? feature->feature_class_name.get() : nullptr;
   return name ? geometry_name(name->geom_type) : std::string();
 }
 
 const Tmxd_coordinate_system* coordinate_system_of(const Tmxd_layer& layer) {
-  const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
+  const auto* feature = as<Tmxd_feature_layer>(layer);
   return feature ? feature->coordinate_system.get() : nullptr;
 }
 
 std::string coordinate_system_text(const Tmxd_coordinate_system& system) {
-  const auto* unknown = dynamic_cast<const Tmxd_unknown_coordinate_system*>(&system);
-  return unknown ? utf8(unknown->text) : utf8_of_narrow(system.get_wkt());
+  const auto wkt = [](const Tmxd_coordinate_system& known) {
+    return utf8_of_narrow(known.get_wkt());
+  };
+  return visit(system,
+               Overloaded{
+                   [](const Tmxd_unknown_coordinate_system& unknown) { return utf8(unknown.text); },
+                   [&](const Tmxd_geographic_coordinate_system& known) { return wkt(known); },
+                   [&](const Tmxd_projected_coordinate_system& known) { return wkt(known); },
+               });
 }
 
-// The name in a coordinate system's text is what stands between the first quotation marks.
+// A coordinate system's name is the first quoted text in its well-known text.
 std::string coordinate_system_name(const Tmxd_coordinate_system& system) {
   const std::string_view wkt = system.get_wkt();
   const std::size_t begin = wkt.find('"');
@@ -171,28 +151,30 @@ std::string coordinate_system_name(const Tmxd_coordinate_system& system) {
   return isolated ? utf8_of_narrow(wkt.substr(begin + 1, end - begin - 1)) : "unknown";
 }
 
-// The authority of the whole system is the last thing in its text, before it closes.
-std::optional<int> epsg_code(const Tmxd_coordinate_system& system) {
-  constexpr std::string_view key = "AUTHORITY[\"EPSG\",";
-  const std::string_view wkt = system.get_wkt();
-  const std::size_t at = wkt.rfind(key);
-  if (at == wkt.npos) return std::nullopt;
-  const std::string_view rest = wkt.substr(at + key.size());
-  int code = 0;
-  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), code);
-  const bool closed = rest.substr(static_cast<std::size_t>(end - rest.data())) == "]]";
-  return error == std::errc() && closed && code > 0 ? std::optional(code) : std::nullopt;
-}
-
 const Tmxd_renderer* renderer_of(const Tmxd_layer& layer) {
-  const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
+  const auto* feature = as<Tmxd_feature_layer>(layer);
   return feature ? feature->renderer.get() : nullptr;
 }
 
+Renderer_kind kind_of(const Tmxd_renderer& renderer) {
+  return visit(renderer,
+               Overloaded{
+                   [](const Tmxd_simple_renderer&) { return Renderer_kind::simple; },
+                   [](const Tmxd_unique_value_renderer&) { return Renderer_kind::unique_values; },
+                   [](const Tmxd_class_breaks_renderer&) { return Renderer_kind::class_breaks; },
+               });
+}
+
 std::string renderer_kind(const Tmxd_renderer& renderer) {
-  if (dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer)) return "unique_values";
-  if (dynamic_cast<const Tmxd_class_breaks_renderer*>(&renderer)) return "class_breaks";
-  return "simple";
+  switch (kind_of(renderer)) {
+    case Renderer_kind::simple:
+      return "simple";
+    case Renderer_kind::unique_values:
+      return "unique_values";
+    case Renderer_kind::class_breaks:
+      return "class_breaks";
+  }
+  return {};
 }
 
 std::vector<std::string> renderer_fields(const Tmxd_renderer& renderer) {
@@ -201,34 +183,42 @@ std::vector<std::string> renderer_fields(const Tmxd_renderer& renderer) {
     std::string text = utf8(name);
     if (!text.empty()) fields.push_back(std::move(text));
   };
-  if (const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer)) {
-    for (const Wide_string* name : {&unique->propname1, &unique->propname2, &unique->propname3}) {
-      add(*name);
-    }
-  } else if (const auto* breaks = dynamic_cast<const Tmxd_class_breaks_renderer*>(&renderer)) {
-    add(breaks->propname);
-  }
+  visit(renderer,
+        Overloaded{[](const Tmxd_simple_renderer&) {},
+                   [&](const Tmxd_unique_value_renderer& unique) {
+                     add(unique.propname1);
+                     add(unique.propname2);
+                     add(unique.propname3);
+                   },
+                   [&](const Tmxd_class_breaks_renderer& breaks) { add(breaks.propname); }});
   return fields;
 }
 
-std::string drawn_text(const Tmxd_renderer& renderer) {
-  const std::string kind = renderer_kind(renderer);
-  if (kind == "simple") return "one symbol";
-  return fmt::format("by {} of {}", kind == "class_breaks" ? "ranges" : "values",
-                     fmt::join(renderer_fields(renderer), ", "));
+std::string drawn_text(const Tmxd_renderer& renderer, const Feature_facts& facts) {
+  const std::string divisor = utf8(facts.normalization_field.value_or(Wide_string()));
+  const std::string fields = fmt::format("{}", fmt::join(renderer_fields(renderer), ", "));
+  switch (kind_of(renderer)) {
+    case Renderer_kind::simple:
+      return "one symbol";
+    case Renderer_kind::unique_values:
+      return "by values of " + fields;
+    case Renderer_kind::class_breaks:
+      return "by ranges of " + fields + (divisor.empty() ? "" : " divided by " + divisor);
+  }
+  return {};
 }
 
 std::vector<const Tmxd_legend_group*> legend_groups(const Tmxd_renderer& renderer) {
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_renderer*>(&renderer)) {
-    return {&simple->legend_group};
-  }
-  if (const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer)) {
-    return {&unique->other_leg_grp, &unique->main_leg_grp};
-  }
-  if (const auto* breaks = dynamic_cast<const Tmxd_class_breaks_renderer*>(&renderer)) {
-    return {&breaks->main_leg_grp};
-  }
-  return {};
+  using Groups = std::vector<const Tmxd_legend_group*>;
+  return visit(
+      renderer,
+      Overloaded{
+          [](const Tmxd_simple_renderer& simple) { return Groups{&simple.legend_group}; },
+          [](const Tmxd_unique_value_renderer& unique) {
+            return Groups{&unique.other_leg_grp, &unique.main_leg_grp};
+          },
+          [](const Tmxd_class_breaks_renderer& breaks) { return Groups{&breaks.main_leg_grp}; },
+      });
 }
 
 std::size_t legend_class_count(const Tmxd_layer& layer) {
@@ -237,6 +227,12 @@ std::size_t legend_class_count(const Tmxd_layer& layer) {
     for (const auto* group : legend_groups(*renderer)) count += group->legend_classes.size();
   }
   return count;
+}
+
+Symbol_family family_of(const Tmxd_symbol& symbol) {
+  return visit(symbol, Overloaded{[](const Tmxd_marker_symbol&) { return Symbol_family::marker; },
+                                  [](const Tmxd_line_symbol&) { return Symbol_family::line; },
+                                  [](const Tmxd_fill_symbol&) { return Symbol_family::fill; }});
 }
 
 std::string symbol_kind(const Tmxd_symbol* symbol) {

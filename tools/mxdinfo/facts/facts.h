@@ -1,4 +1,4 @@
-// What the outputs tell of layers, in the words that people use.
+// Facts about layers in human-readable form, shared by all output formats.
 #pragma once
 
 #include <optional>
@@ -6,32 +6,17 @@
 #include <vector>
 
 #include "document/mxd.h"
+#include "outline/feature_facts.h"
 #include "rendering/legend.h"
 #include "rendering/renderer.h"
 #include "symbology/color.h"
 
 namespace mxdinfo {
 
-// A layer of a map's flat list, under its groups.
-struct Layer_place {
-  const mxd::Tmxd_layer* layer;
-  // The outermost first; groups nested deeper than anybody can show are left out.
-  std::vector<const mxd::Tmxd_group_layer*> groups;
-};
-
-// A group says how many layers follow as its members; damaged documents have fewer.
-std::vector<Layer_place> placed_layers(const mxd::Tmxd_map& map);
-
-// "group", "feature", "raster" or "graphics".
-std::string kind_of(const mxd::Tmxd_layer& layer);
-
-// Nothing for the kinds of layers that store no visibility.
+// Nothing for kinds of layers that store no visibility.
 std::optional<bool> visible(const mxd::Tmxd_layer& layer);
 
-// "Roads / Motorways": the groups, without the layer itself.
-std::string group_path(const Layer_place& place);
-
-// Empty where every scale shows the layer.
+// Empty if the layer is shown at all scales, or a scale is impossible.
 std::string scales_text(const mxd::Tmxd_layer& layer);
 
 struct Source {
@@ -43,41 +28,47 @@ struct Source {
   bool empty() const { return dataset.empty() && workspace.empty(); }
   // "towns (File Geodatabase Feature Class) in C:\data\town.gdb"
   std::string text() const;
-  // Whether the path of the data, its workspace or its dataset contains the folded text.
+  // Whether the path of the data contains the text, which must be in lower case.
   bool contains(std::string_view wanted) const;
 };
 Source source_of(const mxd::Tmxd_layer& layer);
 
-// "point", "polygon"; empty where the document says nothing that is known.
+// The field that names a feature; empty if the layer has none.
+std::string display_field_of(const mxd::Tmxd_layer& layer);
+
+// "point", "polygon"; empty if it is unknown.
 std::string geometry_of(const mxd::Tmxd_layer& layer);
 std::string geometry_name(std::int32_t type);
 
 const mxd::Tmxd_coordinate_system* coordinate_system_of(const mxd::Tmxd_layer& layer);
 std::string coordinate_system_name(const mxd::Tmxd_coordinate_system& system);
-// Well-known text, or what an unknown coordinate system has in its place.
+// Well-known text, or the text that an unknown coordinate system has instead.
 std::string coordinate_system_text(const mxd::Tmxd_coordinate_system& system);
-// Nothing where the text states no EPSG code for the whole system.
-std::optional<int> epsg_code(const mxd::Tmxd_coordinate_system& system);
 
-// Null where the layer has none.
+// Null if the layer has none.
 const mxd::Tmxd_renderer* renderer_of(const mxd::Tmxd_layer& layer);
+enum class Renderer_kind { simple, unique_values, class_breaks };
+Renderer_kind kind_of(const mxd::Tmxd_renderer& renderer);
 // "simple", "unique_values", "class_breaks"
 std::string renderer_kind(const mxd::Tmxd_renderer& renderer);
 std::vector<std::string> renderer_fields(const mxd::Tmxd_renderer& renderer);
-// "one symbol", "by values of KIND, PORT"
-std::string drawn_text(const mxd::Tmxd_renderer& renderer);
-// In the order in which a table of contents shows them.
+// "one symbol", "by values of KIND, PORT", "by ranges of POP divided by AREA"
+std::string drawn_text(const mxd::Tmxd_renderer& renderer, const mxd::Feature_facts& facts);
+// In the order of a table of contents.
 std::vector<const mxd::Tmxd_legend_group*> legend_groups(const mxd::Tmxd_renderer& renderer);
 std::size_t legend_class_count(const mxd::Tmxd_layer& layer);
 
+enum class Symbol_family { marker, line, fill };
+Symbol_family family_of(const mxd::Tmxd_symbol& symbol);
 // "simple fill symbol", "no symbol"
 std::string symbol_kind(const mxd::Tmxd_symbol* symbol);
 
 // "#rrggbb", also of a color that is switched off.
 std::string color_hex(const mxd::Tmxd_color& color);
-// The color that is drawn with; nothing where there is none or it is switched off.
+std::string color_hex(const mxd::Label_class::Rgb& color);
+// Nothing if there is no color or it is switched off.
 std::optional<std::string> drawn_color(const mxd::Tmxd_color_slot& slot);
-// The color that the eye takes for the symbol's.
+// The symbol's dominant color.
 std::optional<std::string> main_color(const mxd::Tmxd_symbol* symbol);
 
 }  // namespace mxdinfo

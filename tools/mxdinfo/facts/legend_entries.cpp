@@ -1,13 +1,14 @@
 #include "mxdinfo/facts/legend_entries.h"
 
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
 #include <map>
+#include <span>
 #include <utility>
 
-#include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/display_text.h"
-#include "rendering/class_breaks_renderer.h"
-#include "rendering/simple_renderer.h"
-#include "rendering/unique_value_renderer.h"
+#include "mxdinfo/facts/facts.h"
 
 namespace mxdinfo {
 namespace {
@@ -17,7 +18,7 @@ using namespace mxd;
 void append_group(std::vector<Legend_entry>& entries, const Tmxd_legend_group& group) {
   for (const auto& item : group.legend_classes) {
     Legend_entry& entry = entries.emplace_back();
-    entry.heading = utf8(group.label);
+    entry.group = &group;
     entry.label = utf8(item->label);
     entry.symbol = item->symbol_slot.get();
   }
@@ -44,6 +45,19 @@ std::vector<std::string> split(const std::string& text, const std::string& separ
     begin = end + separator.size();
   }
   return parts.size() == fields ? parts : std::vector{text};
+}
+
+// The text between the values of several fields: two characters, as ", ", with their size in bytes
+// before them. Empty if there is none.
+std::string value_separator(const Tmxd_unique_value_renderer& renderer) {
+  constexpr std::uint8_t size_with_nul = 6;
+  const std::span<const std::uint8_t> bytes = renderer.bytes2;
+  if (bytes.empty() || bytes[0] != size_with_nul) return {};
+  Wide_string text;
+  for (std::size_t at = 4; at < 8; at += 2) {
+    text.push_back(static_cast<Wide_char>(bytes[at] | bytes[at + 1] << 8));
+  }
+  return utf8(text);
 }
 
 std::vector<Legend_entry> unique_value_entries(const Tmxd_unique_value_renderer& renderer) {
@@ -77,14 +91,13 @@ std::vector<Legend_entry> unique_value_entries(const Tmxd_unique_value_renderer&
 }
 
 std::vector<Legend_entry> class_breaks_entries(const Tmxd_class_breaks_renderer& renderer,
-                                               Class_order order) {
+                                               bool ascending) {
   std::vector<Legend_entry> entries;
   append_group(entries, renderer.main_leg_grp);
   const auto count = static_cast<std::size_t>(renderer.ranges.size());
   if (entries.size() < count) entries.resize(count);
   for (std::size_t i = 0; i < count; ++i) {
-    const auto range =
-        static_cast<std::int32_t>(order == Class_order::descending ? count - 1 - i : i);
+    const auto range = static_cast<std::int32_t>(ascending ? i : count - 1 - i);
     entries[i].range = {renderer.ranges.min_bnd(range), renderer.ranges.max_bnd(range)};
   }
   return entries;
@@ -92,28 +105,30 @@ std::vector<Legend_entry> class_breaks_entries(const Tmxd_class_breaks_renderer&
 
 }  // namespace
 
-std::vector<Legend_entry> legend_entries(const Tmxd_renderer& renderer, Class_order order) {
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_renderer*>(&renderer)) {
-    return simple_entries(*simple);
-  }
-  if (const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer)) {
-    return unique_value_entries(*unique);
-  }
-  const auto* breaks = dynamic_cast<const Tmxd_class_breaks_renderer*>(&renderer);
-  return breaks ? class_breaks_entries(*breaks, order) : std::vector<Legend_entry>();
+std::vector<Legend_entry> legend_entries(const Tmxd_renderer& renderer,
+                                         const Feature_facts& facts) {
+  return visit(
+      renderer,
+      Overloaded{
+          [](const Tmxd_simple_renderer& simple) { return simple_entries(simple); },
+          [](const Tmxd_unique_value_renderer& unique) { return unique_value_entries(unique); },
+          [&](const Tmxd_class_breaks_renderer& breaks) {
+            return class_breaks_entries(breaks, facts.classes_ascend.value_or(true));
+          },
+      });
 }
 
-// A text of two characters, as ", ", with its size in bytes before it.
-std::string value_separator(const Tmxd_renderer& renderer) {
-  const auto* unique = dynamic_cast<const Tmxd_unique_value_renderer*>(&renderer);
-  if (!unique) return {};
-  const std::span<const std::uint8_t> bytes = unique->bytes2;
-  if (bytes.size() != 10 || bytes[0] != 6) return {};
-  Wide_string text;
-  for (std::size_t at = 4; at < 8; at += 2) {
-    text.push_back(static_cast<Wide_char>(bytes[at] | bytes[at + 1] << 8));
+std::string classified_text(const Legend_entry& entry) {
+  constexpr std::size_t max_length = 10'000;
+  if (entry.range) return fmt::format("{:.10g} to {:.10g}", entry.range->min, entry.range->max);
+  if (entry.all_other_values) return "all other values";
+  std::string text;
+  for (const auto& values : entry.values) {
+    if (text.size() > max_length) return text + "; …";
+    if (!text.empty()) text += "; ";
+    text += fmt::format("{}", fmt::join(values, ", "));
   }
-  return utf8(text);
+  return text;
 }
 
 }  // namespace mxdinfo

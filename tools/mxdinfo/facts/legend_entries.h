@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "rendering/renderer.h"
-#include "symbology/symbol.h"
+#include "outline/feature_facts.h"
+#include "rendering/renderer_classes.h"
 
 namespace mxdinfo {
 
@@ -16,25 +16,24 @@ struct Legend_range {
 };
 
 struct Legend_entry {
-  std::string heading;
+  // Null for values and ranges without a legend class.
+  const mxd::Tmxd_legend_group* group = nullptr;
   std::string label;
-  // Null where none was read.
+  // Null if none was read.
   const mxd::Tmxd_symbol* symbol = nullptr;
   // Drawn where no other entry is.
   bool all_other_values = false;
-  // Each with one text per field, or the whole text where it cannot be split.
+  // Each with one text per field, or the whole text if it cannot be split.
   std::vector<std::vector<std::string>> values;
   std::optional<Legend_range> range;
 };
 
-enum class Class_order { ascending, descending };
-
 // In the order of a table of contents. Values and ranges without a legend class have an entry
-// without a symbol after the others. The order is that of a class breaks renderer's classes; its
-// ranges always ascend.
-std::vector<Legend_entry> legend_entries(const mxd::Tmxd_renderer& renderer, Class_order order);
+// without a symbol after the others. Ranges are taken to ascend unless the document says otherwise.
+std::vector<Legend_entry> legend_entries(const mxd::Tmxd_renderer& renderer,
+                                         const mxd::Feature_facts& facts);
 
-// The text between the values of several fields; empty where there is none.
-std::string value_separator(const mxd::Tmxd_renderer& renderer);
+// "10 to 50", "all other values", "capital, yes; town, no", or empty.
+std::string classified_text(const Legend_entry& entry);
 
 }  // namespace mxdinfo

@@ -11,10 +11,10 @@ struct Words_of_type {
   Loss_words words;
 };
 
-// The first that a type ends with counts.
+// The first entry whose ending the type has applies.
 constexpr std::array words_of_types{
-    Words_of_type{"_map", {"map", "it is missing, with all of its layers"}},
-    Words_of_type{"_layer", {"layer", "it is missing"}},
+    Words_of_type{"_map", {"map", "it is missing or incomplete"}},
+    Words_of_type{"_layer", {"layer", "it could not be read"}},
     Words_of_type{"_renderer", {"renderer", "how the layer is drawn is not known"}},
     Words_of_type{"_legend_group", {"legend", "the layer's classes are missing"}},
     Words_of_type{"_legend_class", {"legend", "the layer's classes are incomplete"}},

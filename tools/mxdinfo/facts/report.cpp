@@ -1,13 +1,20 @@
 #include "mxdinfo/facts/report.h"
 
+#include "mxdinfo/facts/layers.h"
+#include "mxdinfo/facts/losses.h"
+
 namespace mxdinfo {
 
 Summary summary_of(const Report& report) {
-  Summary summary{report.name, report.failure, 0, 0, report.errors.size()};
-  for (const auto& map : report.content.maps) {
-    if (!map->repeat) ++summary.maps;
-    summary.layers += map->layers.size();
+  Summary summary{.name = report.name, .failure = report.failure};
+  summary.maps = report.outline.maps.size();
+  for (const auto& map : report.outline.maps) {
+    for (const Listed_layer& layer : listed_layers(map)) {
+      ++summary.layers;
+      if (layer.layer()) ++summary.decoded_layers;
+    }
   }
+  summary.losses = losses_of(report).size();
   return summary;
 }
 
@@ -16,7 +23,8 @@ void Totals::add(const Summary& summary) {
   if (!summary.failure.empty()) ++unreadable;
   maps += summary.maps;
   layers += summary.layers;
-  errors += summary.errors;
+  decoded_layers += summary.decoded_layers;
+  losses += summary.losses;
 }
 
 }  // namespace mxdinfo

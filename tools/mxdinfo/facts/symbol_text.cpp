@@ -6,9 +6,7 @@
 
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "symbology/fill_symbols.h"
-#include "symbology/line_symbols.h"
-#include "symbology/marker_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
@@ -38,7 +36,7 @@ class Description {
   Description& points(std::string_view what, double value) {
     return word(fmt::format("{} {:.6g} pt", what, value));
   }
-  // A zero is not worth telling.
+  // Omits zero values.
   Description& unless_zero(std::string_view what, double value, std::string_view unit) {
     return value == 0 ? *this : word(fmt::format("{} {:.6g}{}", what, value, unit));
   }
@@ -48,65 +46,94 @@ class Description {
   std::string text_;
 };
 
-std::string marker_text(const Tmxd_symbol& symbol) {
-  Description description(symbol);
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
-    description.word(marker_style_name(simple->simple_marker_style)).color(simple->color);
-    description.points("size", simple->size).unless_zero("angle", simple->angle, "°");
-    if (simple->outline_flag) {
-      description.word("outline " + drawn_color(simple->outline_color).value_or("of no color"));
-    }
-  } else if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
-    description.word(fmt::format("{} {}", utf8(glyph->font_name), glyph->unicode));
-    description.color(glyph->color_slot).points("size", glyph->size);
-    description.unless_zero("angle", glyph->angle, "°");
-  } else if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
-    description.color(arrow->color_slot)
-        .points("length", arrow->size)
-        .points("width", arrow->width);
+Description text_of(const Tmxd_simple_marker_symbol& marker) {
+  Description text(marker);
+  text.word(marker_style_name(marker.simple_marker_style)).color(marker.color);
+  text.points("size", marker.size).unless_zero("angle", marker.angle, "°");
+  if (marker.outline_flag) {
+    text.word("outline " + drawn_color(marker.outline_color).value_or("of no color"));
   }
-  return description.text();
+  return text;
 }
 
-std::string line_text(const Tmxd_symbol& symbol) {
-  Description description(symbol);
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_line_symbol*>(&symbol)) {
-    description.word(line_style_name(simple->line_type)).color(simple->color_slot);
-    description.points("width", simple->width);
-  } else if (const auto* line = dynamic_cast<const Tmxd_cartographic_line_symbol*>(&symbol)) {
-    description.color(line->color_slot).points("width", line->width);
-    description.unless_zero("offset", line->offset, " pt");
-    if (line->line_template.exists && !line->line_template.items.empty())
-      description.word("dashed");
-    if (!line->line_decoration.elements.empty()) description.word("decorated");
-  } else if (const auto* hash = dynamic_cast<const Tmxd_hash_line_symbol*>(&symbol)) {
-    description.color(hash->color_slot).points("width", hash->width);
-    description.unless_zero("angle", hash->angle, "°").unless_zero("offset", hash->offset, " pt");
-  } else if (const auto* markers = dynamic_cast<const Tmxd_marker_line_symbol*>(&symbol)) {
-    description.word("of " + symbol_kind(markers->pattern_marker.get()));
-    description.unless_zero("offset", markers->offset, " pt");
-  }
-  return description.text();
+Description text_of(const Tmxd_char_marker_symbol& marker) {
+  Description text(marker);
+  text.word(fmt::format("{} {}", shortened(utf8(marker.font_name)), marker.unicode));
+  text.color(marker.color_slot).points("size", marker.size);
+  return text.unless_zero("angle", marker.angle, "°");
 }
 
-std::string fill_text(const Tmxd_symbol& symbol) {
-  Description description(symbol);
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_fill_symbol*>(&symbol)) {
-    description.color(simple->color_slot);
-    if (const auto color = main_color(simple->outline.get())) description.word("outline " + *color);
-  } else if (const auto* lines = dynamic_cast<const Tmxd_line_fill_symbol*>(&symbol)) {
-    description.word("of " + symbol_kind(lines->pattern.get()));
-    description.unless_zero("angle", lines->angle, "°").points("separation", lines->separation);
-  } else if (const auto* markers = dynamic_cast<const Tmxd_marker_fill_symbol*>(&symbol)) {
-    description.word("of " + symbol_kind(markers->marker_slot.get()));
-  }
-  return description.text();
+Description text_of(const Tmxd_arrow_marker_symbol& marker) {
+  Description text(marker);
+  return text.color(marker.color_slot).points("length", marker.size).points("width", marker.width);
+}
+
+Description text_of(const Tmxd_simple_line_symbol& line) {
+  Description text(line);
+  return text.word(line_style_name(line.line_type))
+      .color(line.color_slot)
+      .points("width", line.width);
+}
+
+Description text_of(const Tmxd_cartographic_line_symbol& line) {
+  Description text(line);
+  text.color(line.color_slot).points("width", line.width);
+  text.unless_zero("offset", line.offset, " pt");
+  if (line.line_template.exists && !line.line_template.items.empty()) text.word("dashed");
+  if (!line.line_decoration.elements.empty()) text.word("decorated");
+  return text;
+}
+
+Description text_of(const Tmxd_hash_line_symbol& line) {
+  Description text(line);
+  text.color(line.color_slot).points("width", line.width);
+  return text.unless_zero("angle", line.angle, "°").unless_zero("offset", line.offset, " pt");
+}
+
+Description text_of(const Tmxd_marker_line_symbol& line) {
+  Description text(line);
+  text.word("of " + symbol_kind(line.pattern_marker.get()));
+  return text.unless_zero("offset", line.offset, " pt");
+}
+
+Description text_of(const Tmxd_simple_fill_symbol& fill) {
+  Description text(fill);
+  text.color(fill.color_slot);
+  if (const auto color = main_color(fill.outline.get())) text.word("outline " + *color);
+  return text;
+}
+
+Description text_of(const Tmxd_line_fill_symbol& fill) {
+  Description text(fill);
+  text.word("of " + symbol_kind(fill.pattern.get()));
+  return text.unless_zero("angle", fill.angle, "°").points("separation", fill.separation);
+}
+
+Description text_of(const Tmxd_marker_fill_symbol& fill) {
+  Description text(fill);
+  return text.word("of " + symbol_kind(fill.marker_slot.get()));
+}
+
+Description text_of(const Tmxd_picture_marker_symbol& marker) {
+  return Description(marker);
+}
+Description text_of(const Tmxd_picture_fill_symbol& fill) {
+  return Description(fill);
+}
+Description text_of(const Tmxd_multilayer_marker_symbol& marker) {
+  return Description(marker);
+}
+Description text_of(const Tmxd_multilayer_line_symbol& line) {
+  return Description(line);
+}
+Description text_of(const Tmxd_multilayer_fill_symbol& fill) {
+  return Description(fill);
 }
 
 template <class List>
 std::vector<const Tmxd_symbol*> pointers(const List& list) {
   std::vector<const Tmxd_symbol*> layers;
-  for (const auto& layer : list) layers.push_back(layer);
+  for (const Tmxd_symbol* layer : list) layers.push_back(layer);
   return layers;
 }
 
@@ -124,22 +151,22 @@ std::string line_style_name(std::int32_t style) {
 
 std::string symbol_text(const Tmxd_symbol* symbol) {
   if (!symbol) return "no symbol";
-  if (dynamic_cast<const Tmxd_marker_symbol*>(symbol)) return marker_text(*symbol);
-  if (dynamic_cast<const Tmxd_line_symbol*>(symbol)) return line_text(*symbol);
-  return fill_text(*symbol);
+  return visit(*symbol, [](const auto& known) { return text_of(known).text(); });
 }
 
 std::vector<const Tmxd_symbol*> symbol_layers(const Tmxd_symbol* symbol) {
-  if (const auto* markers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
-    return pointers(markers->marker_symbols);
-  }
-  if (const auto* lines = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
-    return pointers(lines->line_symbols);
-  }
-  if (const auto* fills = dynamic_cast<const Tmxd_multilayer_fill_symbol*>(symbol)) {
-    return pointers(fills->fill_symbols);
-  }
-  return {symbol};
+  using Layers = std::vector<const Tmxd_symbol*>;
+  if (!symbol) return {nullptr};
+  return visit(
+      *symbol,
+      Overloaded{
+          [](const Tmxd_multilayer_marker_symbol& marker) {
+            return pointers(marker.marker_symbols);
+          },
+          [](const Tmxd_multilayer_line_symbol& line) { return pointers(line.line_symbols); },
+          [](const Tmxd_multilayer_fill_symbol& fill) { return pointers(fill.fill_symbols); },
+          [](const auto& single) { return Layers{&single}; },
+      });
 }
 
 }  // namespace mxdinfo

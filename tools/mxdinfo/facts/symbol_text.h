@@ -1,4 +1,4 @@
-// Symbols in words.
+// Descriptions of symbols in words.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 namespace mxdinfo {
 
-// "simple marker, circle, #f50000, 8 pt"
+// "simple marker, circle, #f50000, size 8 pt"
 std::string symbol_text(const mxd::Tmxd_symbol* symbol);
 
-// The layers of a multilayer symbol, the first drawn on top; any other symbol itself.
+// The layers of a multilayer symbol, the topmost first; for any other symbol, or null, itself.
 std::vector<const mxd::Tmxd_symbol*> symbol_layers(const mxd::Tmxd_symbol* symbol);
 
 std::string marker_style_name(std::int32_t style);

@@ -1,14 +1,16 @@
 // A table with a row for each layer.
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
-#include <string_view>
+#include <vector>
 
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
+#include "mxdinfo/facts/layers.h"
+#include "mxdinfo/output/bounded_text.h"
+#include "mxdinfo/output/csv_cell.h"
 #include "mxdinfo/output/report_writer.h"
+#include "outline/epsg_code.h"
 
 namespace mxdinfo {
 namespace {
@@ -18,69 +20,63 @@ using namespace mxd;
 constexpr std::string_view header =
     "document,map,group,layer,kind,visible,min_scale,max_scale,dataset,feature_dataset,"
     "dataset_type,workspace,geometry,coordinate_system,map_coordinate_system,renderer,fields,"
-    "legend_classes\n";
-
-// Spreadsheets may also split cells at semicolons and bars.
-bool ends_cell(char c) {
-  return c == ';' || c == '|';
-}
-
-// An apostrophe in front keeps a text from being taken for a formula.
-std::string without_formulas(std::string_view text) {
-  std::string out;
-  bool at_start = true;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (at_start) {
-      const std::size_t first = std::min(text.find_first_not_of(" '\"", i), text.size() - 1);
-      if (std::string_view("=+-@").find(text[first]) != std::string_view::npos) out += '\'';
-    }
-    out += text[i];
-    at_start = ends_cell(text[i]);
-  }
-  return out;
-}
-
-std::string cell(const std::string& value) {
-  const std::string text = without_formulas(escape_controls(value));
-  if (text.find_first_of(",;|\"") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
-  return quoted + '"';
-}
+    "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes\n";
 
 std::string scale(double denominator) {
-  return denominator == 0 ? std::string() : fmt::format("{:.10g}", denominator);
+  const bool shown = denominator != 0 && is_possible_scale(denominator);
+  return shown ? fmt::format("{:.10g}", denominator) : std::string();
 }
 
-std::string row(const Report& report, const Tmxd_map& map, const Layer_place& place) {
-  const Tmxd_layer& layer = *place.layer;
+std::string epsg(const Tmxd_coordinate_system* system) {
+  const auto code = system ? epsg_code(system->get_wkt()) : std::nullopt;
+  return code ? fmt::format("{}", *code) : std::string();
+}
+
+std::string name_cell(const Tmxd_coordinate_system* system) {
+  return system ? csv_cell(coordinate_system_name(*system)) : std::string();
+}
+
+// The cells from "visible" to "legend_classes", which only decoded layers have.
+std::vector<std::string> decoded_cells(const Tmxd_layer& layer, const Map_outline& map) {
   const auto shown = visible(layer);
   const Source source = source_of(layer);
-  const auto* system = coordinate_system_of(layer);
-  const auto* map_system = map.coordinate_system.get();
   const auto* renderer = renderer_of(layer);
-  const std::array<std::string, 18> cells = {
+  return {!shown   ? ""
+          : *shown ? "true"
+                   : "false",
+          scale(layer.min_scale),
+          scale(layer.max_scale),
+          csv_cell(source.dataset),
+          csv_cell(source.feature_dataset),
+          csv_cell(source.type),
+          csv_cell(source.workspace),
+          geometry_of(layer),
+          name_cell(coordinate_system_of(layer)),
+          name_cell(map.map->coordinate_system.get()),
+          renderer ? renderer_kind(*renderer) : "",
+          renderer ? csv_cell(fmt::format("{}", fmt::join(renderer_fields(*renderer), ", "))) : "",
+          fmt::format("{}", legend_class_count(layer)),
+          epsg(coordinate_system_of(layer))};
+}
 
-      cell(report.name),
-      cell(utf8(map.name)),
-      cell(group_path(place)),
-      cell(utf8(layer.layer_name)),
-      layer.repeat ? "repeated" : kind_of(layer),
-      !shown   ? ""
-      : *shown ? "true"
-               : "false",
-      scale(layer.min_scale),
-      scale(layer.max_scale),
-      cell(source.dataset),
-      cell(source.feature_dataset),
-      cell(source.type),
-      cell(source.workspace),
-      geometry_of(layer),
-      system ? cell(coordinate_system_name(*system)) : "",
-      map_system ? cell(coordinate_system_name(*map_system)) : "",
-      renderer ? renderer_kind(*renderer) : "",
-      renderer ? cell(fmt::format("{}", fmt::join(renderer_fields(*renderer), ", "))) : "",
-      fmt::format("{}", legend_class_count(layer))};
+std::string row(const Report& report, const Listed_layer& listed) {
+  constexpr std::size_t decoded_cell_count = 14;
+  const Layer_record& record = listed.record();
+  const Feature_facts& facts = record.facts;
+  const Tmxd_layer* layer = listed.layer();
+  std::vector<std::string> cells = {
+      csv_cell(report.name), csv_cell(shortened(name_of(*listed.map))),
+      csv_cell(group_path(listed)), csv_cell(name_of(record)), kind_word(record.kind())};
+  const auto decoded =
+      layer ? decoded_cells(*layer, *listed.map) : std::vector<std::string>(decoded_cell_count);
+  cells.insert(cells.end(), decoded.begin(), decoded.end());
+  cells.push_back(epsg(listed.map->map->coordinate_system.get()));
+  cells.push_back(csv_cell(utf8(facts.definition_query.value_or(Wide_string()))));
+  cells.push_back(csv_cell(labels_text(record)));
+  cells.push_back(layer ? csv_cell(display_field_of(*layer)) : "");
+  cells.push_back(csv_cell(utf8(facts.normalization_field.value_or(Wide_string()))));
+  cells.emplace_back(layer ? "true" : "false");
+  cells.push_back(record.length == 0 ? "" : fmt::format("{}", record.length));
   return fmt::format("{}\n", fmt::join(cells, ","));
 }
 
@@ -91,19 +87,20 @@ class Csv_writer final : public Report_writer {
 
   std::string begin() const override { return std::string(header); }
 
-  std::string document(const Report& report) const override {
-    std::string rows;
-    for (const auto& map : report.content.maps) {
-      for (const Layer_place& place : placed_layers(*map)) {
-        if (is_wanted(*place.layer)) rows += row(report, *map, place);
+  Written_document document(const Report& report) const override {
+    Bounded_text rows(max_output_size(report));
+    for (const Map_outline& map : report.outline.maps) {
+      for (const Listed_layer& layer : listed_layers(map)) {
+        if (rows.is_full()) break;
+        if (is_wanted(layer)) rows.append(row(report, layer));
       }
     }
-    return rows;
+    return {rows.take(), !rows.is_full()};
   }
 
  private:
-  bool is_wanted(const Tmxd_layer& layer) const {
-    return wanted_.empty() || source_of(layer).contains(wanted_);
+  bool is_wanted(const Listed_layer& layer) const {
+    return wanted_.empty() || (layer.layer() && source_of(*layer.layer()).contains(wanted_));
   }
 
   std::string wanted_;

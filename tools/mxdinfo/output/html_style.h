@@ -1,4 +1,4 @@
-// The looks of the page.
+// The style sheet of the page.
 #pragma once
 
 #include <string_view>

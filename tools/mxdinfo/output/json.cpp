@@ -1,16 +1,19 @@
-// Everything that a document says, for programs. docs/mxdinfo.schema.json states the form.
-#include <fmt/format.h>
-
-#include <chrono>
-#include <cmath>
+// Everything that is known of a document, for programs. docs/mxdinfo.schema.json describes it.
+#include <algorithm>
+#include <optional>
+#include <vector>
 
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/facts/data_source.h"
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/document_text.h"
 #include "mxdinfo/facts/facts.h"
-#include "mxdinfo/facts/loss_words.h"
+#include "mxdinfo/facts/layers.h"
+#include "mxdinfo/facts/losses.h"
+#include "mxdinfo/output/json_list_stream.h"
 #include "mxdinfo/output/json_parts.h"
 #include "mxdinfo/output/report_writer.h"
+#include "outline/epsg_code.h"
 
 namespace mxdinfo {
 namespace {
@@ -23,7 +26,7 @@ Json coordinate_system_json(const Tmxd_coordinate_system* system) {
   if (!system) return nullptr;
   const std::string_view type = system->type_name();
   const bool wkt_text = type != Tmxd_unknown_coordinate_system::type;
-  const auto epsg = epsg_code(*system);
+  const auto epsg = epsg_code(system->get_wkt());
   return {{"kind", type == Tmxd_geographic_coordinate_system::type  ? "geographic"
                    : type == Tmxd_projected_coordinate_system::type ? "projected"
                                                                     : "unknown"},
@@ -45,181 +48,131 @@ Json source_json(const Tmxd_layer& layer) {
           {"relative", is_relative(source.workspace)}};
 }
 
-// Null where there is no limit, or where the number can be none.
+// Null if there is no limit, or the number is impossible.
 Json scale_json(double denominator) {
-  constexpr double largest = 1e12;
-  const bool limits = std::isfinite(denominator) && denominator > 0 && denominator <= largest;
+  const bool limits = denominator != 0 && is_possible_scale(denominator);
   return limits ? Json(denominator) : Json(nullptr);
 }
 
-std::string_view kind_word(Layer_kind kind) {
-  switch (kind) {
-    case Layer_kind::group:
-      return "group";
-    case Layer_kind::feature:
-      return "feature";
-    case Layer_kind::raster:
-      return "raster";
-    case Layer_kind::graphics:
-      return "graphics";
-    case Layer_kind::basemap:
-      return "basemap";
-    case Layer_kind::map_service:
-      return "map_service";
-    case Layer_kind::image_service:
-      return "image_service";
-    case Layer_kind::unknown:
-      break;
+Json wide_or_null(const std::optional<Wide_string>& text) {
+  return text ? text_or_null(utf8(*text)) : Json(nullptr);
+}
+
+Json label_json(const Label_class& label) {
+  Json json = {{"expression", utf8(label.expression)}, {"color", nullptr}, {"font", nullptr}};
+  if (label.color) json["color"] = color_hex(*label.color);
+  if (label.font) {
+    json["font"] = {{"name", text_or_null(utf8(label.font->name))}, {"size", label.font->size_in_points}};
   }
-  return "unknown";
+  return json;
 }
 
 Json labels_json(const std::optional<Labels>& labels) {
   if (!labels) return nullptr;
   Json classes = Json::array();
-  for (const Label_class& label : labels->classes) {
-    Json font = nullptr, color = nullptr;
-    if (label.font) {
-      font = {{"name", text_or_null(utf8(label.font->name))}, {"size", label.font->size_in_points}};
-    }
-    if (label.color) {
-      color = fmt::format("#{:02x}{:02x}{:02x}", label.color->red, label.color->green,
-                          label.color->blue);
-    }
-    classes.push_back({{"expression", utf8(label.expression)}, {"color", color}, {"font", font}});
-  }
+  for (const Label_class& label : labels->classes) classes.push_back(label_json(label));
   return {{"shown", labels->shown}, {"classes", std::move(classes)}};
 }
 
-// Of layers that were not decoded, only these are known.
-Json layer_json(const Layer_record& record, const Json& parent) {
+// The index of each record's layer in the list that is written, which has no references.
+std::vector<std::size_t> written_indices(const Map_outline& map) {
+  std::vector<std::size_t> indices;
+  std::size_t next = 0;
+  for (const Layer_record& record : map.records) {
+    indices.push_back(next);
+    if (!record.is_reference) ++next;
+  }
+  return indices;
+}
+
+// What only decoded layers have is null for others.
+Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indices) {
+  const Layer_record& record = listed.record();
+  const Tmxd_layer* layer = listed.layer();
+  const auto shown = layer ? visible(*layer) : std::nullopt;
+  const auto* renderer = layer ? renderer_of(*layer) : nullptr;
   return {{"kind", kind_word(record.kind())},
-          {"name", utf8(record.name)},
-          {"parent", parent},
-          {"read", record.layer != nullptr},
+          {"name", name_of(record)},
+          {"parent", record.parent ? Json(indices[*record.parent]) : Json(nullptr)},
+          {"read", layer != nullptr},
           {"kind_in_words", kind_in_words(record.class_id)},
-          {"visible", nullptr},
-          {"min_scale", nullptr},
-          {"max_scale", nullptr},
-          {"geometry", nullptr},
-          {"source", nullptr},
-          {"coordinate_system", nullptr},
-          {"definition_query", nullptr},
-          {"display_field", nullptr},
-          {"labels", nullptr},
-          {"renderer", nullptr}};
+          {"visible", shown ? Json(*shown) : Json(nullptr)},
+          {"min_scale", layer ? scale_json(layer->min_scale) : Json(nullptr)},
+          {"max_scale", layer ? scale_json(layer->max_scale) : Json(nullptr)},
+          {"geometry", layer ? text_or_null(geometry_of(*layer)) : Json(nullptr)},
+          {"source", layer ? source_json(*layer) : Json(nullptr)},
+          {"coordinate_system",
+           layer ? coordinate_system_json(coordinate_system_of(*layer)) : Json(nullptr)},
+          {"definition_query", wide_or_null(record.facts.definition_query)},
+          {"display_field", layer ? text_or_null(display_field_of(*layer)) : Json(nullptr)},
+          {"labels", labels_json(record.facts.labels)},
+          {"renderer", renderer_json(renderer, record.facts)}};
 }
 
-void add_decoded(Json& json, const Tmxd_layer& layer, const Feature_facts& facts) {
-  const auto* feature = dynamic_cast<const Tmxd_feature_layer*>(&layer);
-  const auto shown = visible(layer);
-  json["name"] = utf8(layer.layer_name);
-  json["visible"] = shown ? Json(*shown) : Json(nullptr);
-  json["min_scale"] = scale_json(layer.min_scale);
-  json["max_scale"] = scale_json(layer.max_scale);
-  json["geometry"] = text_or_null(geometry_of(layer));
-  json["source"] = source_json(layer);
-  json["coordinate_system"] = coordinate_system_json(coordinate_system_of(layer));
-  json["definition_query"] = text_or_null(facts.definition_query);
-  if (feature) json["display_field"] = text_or_null(utf8(feature->str1));
-  json["labels"] = labels_json(facts.labels);
-  json["renderer"] = renderer_json(renderer_of(layer), facts);
-}
-
-// References to layers and maps stored before are none of their own.
-Json layers_json(const Map_outline& map) {
-  Json layers = Json::array();
-  std::vector<std::size_t> written(map.records.size());
-  for (std::size_t i = 0; i < map.records.size(); ++i) {
-    const Layer_record& record = map.records[i];
-    if (record.is_reference) continue;
-    written[i] = layers.size();
-    Json json = layer_json(record, record.parent ? Json(written[*record.parent]) : Json(nullptr));
-    if (record.layer) add_decoded(json, *record.layer, record.facts);
-    layers.push_back(std::move(json));
+void write_layer(Json_list_stream& out, const Listed_layer& listed,
+                 const std::vector<std::size_t>& indices) {
+  const Json json = layer_json(listed, indices);
+  if (json["renderer"].is_null()) {
+    out.add(json);
+    return;
   }
-  return layers;
-}
-
-Json maps_json(const Outline& outline) {
-  Json maps = Json::array();
-  for (const Map_outline& map : outline.maps) {
-    Json extent = nullptr;
-    if (const auto& e = map.extent) {
-      extent = {{"xmin", e->xmin}, {"ymin", e->ymin}, {"xmax", e->xmax}, {"ymax", e->ymax}};
-    }
-    maps.push_back({{"name", utf8(map.map->name)},
-                    {"coordinate_system", coordinate_system_json(map.map->coordinate_system.get())},
-                    {"extent", std::move(extent)},
-                    {"layers", layers_json(map)}});
+  if (!out.open(json)) return;
+  for (const auto& entry : legend_entries(*renderer_of(*listed.layer()), listed.record().facts)) {
+    if (!out.add(class_json(entry))) break;
   }
-  return maps;
+  out.close();
 }
 
-// "2019-01-31T13:05:00", from days since 1899-12-30; null where it is no date of this time.
-Json date_json(const std::optional<double>& days) {
-  constexpr double first_day = 2, last_day = 2958465;  // 1900 to 9999
-  if (!days || !(*days >= first_day && *days <= last_day)) return nullptr;
-  using namespace std::chrono;
-  constexpr sys_days start = year{1899} / December / 30;
-  const auto time = start + seconds(std::llround(*days * 86400));
-  const year_month_day date{floor<std::chrono::days>(time)};
-  const hh_mm_ss clock{time - floor<std::chrono::days>(time)};
-  return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", static_cast<int>(date.year()),
-                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                     clock.hours().count(), clock.minutes().count(), clock.seconds().count());
+Json extent_json(const std::optional<Extent>& extent) {
+  if (!extent) return nullptr;
+  return {{"xmin", extent->xmin},
+          {"ymin", extent->ymin},
+          {"xmax", extent->xmax},
+          {"ymax", extent->ymax}};
 }
 
-struct Loss_place {
-  Json map = nullptr;
-  Json layer = nullptr;
-};
-
-// The layer whose object holds the position, with the groups that hold it.
-Json path_json(const Map_outline& map, std::uint64_t position) {
-  constexpr std::size_t max_depth = 40;
-  const auto holds = [&](const Layer_record& record) {
-    return position >= record.position && position - record.position < record.length;
-  };
-  // A group's object holds those of its members, which come after it.
-  const auto found = std::find_if(map.records.rbegin(), map.records.rend(), holds);
-  if (found == map.records.rend()) return nullptr;
-  std::string path = utf8(found->name);
-  auto parent = found->parent;
-  for (std::size_t depth = 0; parent && depth < max_depth; ++depth) {
-    path = utf8(map.records[*parent].name) + " / " + path;
-    parent = map.records[*parent].parent;
+void write_map(Json_list_stream& out, const Map_outline& map) {
+  const auto* system = map.map->coordinate_system.get();
+  if (!out.open({{"name", name_of(map)},
+                 {"coordinate_system", coordinate_system_json(system)},
+                 {"extent", extent_json(map.extent)},
+                 {"layers", Json::array()}})) {
+    return;
   }
-  return path;
-}
-
-Loss_place place_of(const Outline& outline, std::int64_t position) {
-  const auto at = static_cast<std::uint64_t>(position);
-  for (const Map_outline& map : outline.maps) {
-    if (at >= map.position && at < map.end) return {utf8(map.map->name), path_json(map, at)};
+  const auto indices = written_indices(map);
+  for (const Listed_layer& layer : listed_layers(map)) {
+    if (out.is_full()) break;
+    write_layer(out, layer, indices);
   }
-  return {};
+  out.close();
 }
 
-Json losses_json(const Report& report) {
-  Json losses = Json::array();
-  for (const Decode_error& error : report.errors) {
-    const Loss_words words = loss_words(error.type);
-    const Loss_place place = place_of(report.outline, error.position);
-    losses.push_back({{"map", place.map},
-                      {"layer", place.layer},
-                      {"what", words.subject},
-                      {"consequence", words.consequence},
-                      {"type", error.type},
-                      {"number", error.number},
-                      {"position", error.position}});
+Json loss_json(const Loss& loss) {
+  return {{"map", loss.map ? Json(name_of(*loss.map)) : Json(nullptr)},
+          {"layer", loss.layer ? Json(path_in_map(*loss.layer)) : Json(nullptr)},
+          {"what", loss.words.subject},
+          {"consequence", loss.words.consequence},
+          {"type", loss.error ? Json(loss.error->type) : Json(nullptr)},
+          {"number", loss.error ? Json(loss.error->number) : Json(nullptr)},
+          {"position", loss.error ? Json(loss.error->position) : Json(nullptr)}};
+}
+
+void write_losses(Json_list_stream& out, const Report& report) {
+  for (const Loss& loss : losses_of(report)) {
+    if (!out.add(loss_json(loss))) break;
   }
-  return losses;
+  if (!out.is_full()) return;
+  Loss cut;
+  cut.words = {"output", "it is too long, and the rest is left out"};
+  out.add_end(loss_json(cut));
 }
 
+// Up to the list of maps.
 Json document_json(const Report& report) {
   const Document_facts& facts = report.outline.document;
   const auto properties = facts.properties.value_or(Document_facts::Properties());
+  std::string date = facts.saved_date ? date_text(*facts.saved_date) : std::string();
+  std::replace(date.begin(), date.end(), ' ', 'T');
   return {{"schema_version", schema_version},
           {"tool", {{"name", "mxdinfo"}, {"version", MXDINFO_VERSION}}},
           {"file", {{"path", report.name}, {"size", report.size}}},
@@ -232,11 +185,20 @@ Json document_json(const Report& report) {
           {"tags", text_or_null(utf8(properties.tags))},
           {"credits", text_or_null(utf8(properties.credits))},
           {"hyperlink_base", text_or_null(utf8(properties.hyperlink_base))},
-          {"arcmap_version", text_or_null(facts.version)},
-          {"last_saved",
-           {{"path", text_or_null(facts.saved_path)}, {"date", date_json(facts.saved_date)}}},
-          {"maps", maps_json(report.outline)},
-          {"losses", losses_json(report)}};
+          {"arcmap_version", wide_or_null(facts.version)},
+          {"last_saved", {{"path", wide_or_null(facts.saved_path)}, {"date", text_or_null(date)}}},
+          {"maps", Json::array()}};
+}
+
+void write_document(Json_list_stream& out, const Report& report) {
+  if (!out.open(document_json(report))) return;
+  for (const Map_outline& map : report.outline.maps) {
+    if (out.is_full()) break;
+    write_map(out, map);
+  }
+  out.next_list("losses");
+  write_losses(out, report);
+  out.close();
 }
 
 class Json_writer final : public Report_writer {
@@ -246,11 +208,12 @@ class Json_writer final : public Report_writer {
 
   std::string begin() const override { return in_array() ? "[" : ""; }
 
-  std::string document(const Report& report) const override {
-    const std::string text =
-        document_json(report).dump(lines_ ? -1 : 2, ' ', false, Json::error_handler_t::replace);
-    if (!in_array()) return text + "\n";
-    return (report.index == 0 ? "\n" : ",\n") + text;
+  Written_document document(const Report& report) const override {
+    Json_list_stream out(max_output_size(report), !lines_);
+    write_document(out, report);
+    const std::string text = out.take();
+    if (!in_array()) return {text + "\n", !out.is_full()};
+    return {(report.index == 0 ? "\n" : ",\n") + text, !out.is_full()};
   }
 
   std::string end(std::span<const Summary> /*documents*/) const override {

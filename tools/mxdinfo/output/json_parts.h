@@ -2,12 +2,10 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <optional>
+#include <string>
 #include <string_view>
 
-#include "outline/feature_facts.h"
-#include "rendering/renderer.h"
-#include "symbology/symbol.h"
+#include "mxdinfo/facts/legend_entries.h"
 
 namespace mxdinfo {
 
@@ -16,10 +14,16 @@ using Json = nlohmann::ordered_json;
 
 // Null for an empty text.
 Json text_or_null(std::string_view text);
-Json text_or_null(const std::optional<mxd::Wide_string>& text);
+
+// Escapes control and direction characters that JSON allows, but terminals act on. An indent of -1
+// gives one line.
+std::string dump_json(const Json& value, int indent);
+
+// Without its classes, an empty list at the end of the text; null for null.
+Json renderer_json(const mxd::Tmxd_renderer* renderer, const mxd::Feature_facts& facts);
+Json class_json(const Legend_entry& entry);
 
 // Null for null.
-Json renderer_json(const mxd::Tmxd_renderer* renderer, const mxd::Feature_facts& facts);
 Json symbol_json(const mxd::Tmxd_symbol* symbol);
 
 }  // namespace mxdinfo

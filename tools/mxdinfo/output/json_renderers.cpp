@@ -4,10 +4,19 @@
 #include "mxdinfo/output/json_parts.h"
 
 namespace mxdinfo {
-namespace {
+
+std::string dump_json(const Json& value, int indent) {
+  const std::string text = value.dump(indent, ' ', false, Json::error_handler_t::replace);
+  return escape_for_json(text);
+}
+
+Json text_or_null(std::string_view text) {
+  return text.empty() ? Json(nullptr) : Json(text);
+}
 
 Json class_json(const Legend_entry& entry) {
-  return {{"heading", text_or_null(entry.heading)},
+  const std::string heading = entry.group ? utf8(entry.group->label) : std::string();
+  return {{"heading", text_or_null(heading)},
           {"label", entry.label},
           {"symbol", symbol_json(entry.symbol)},
           {"all_other_values", entry.all_other_values},
@@ -16,28 +25,13 @@ Json class_json(const Legend_entry& entry) {
           {"max", entry.range ? Json(entry.range->max) : Json(nullptr)}};
 }
 
-}  // namespace
-
-Json text_or_null(std::string_view text) {
-  return text.empty() ? Json(nullptr) : Json(text);
-}
-
-Json text_or_null(const std::optional<mxd::Wide_string>& text) {
-  return text ? text_or_null(utf8(*text)) : Json(nullptr);
-}
-
 Json renderer_json(const mxd::Tmxd_renderer* renderer, const mxd::Feature_facts& facts) {
   if (!renderer) return nullptr;
-  const bool ascending = facts.classes_ascend.value_or(true);
-  const auto order = ascending ? Class_order::ascending : Class_order::descending;
-  Json classes = Json::array();
-  for (const Legend_entry& entry : legend_entries(*renderer, order)) {
-    classes.push_back(class_json(entry));
-  }
+  const std::string divisor = utf8(facts.normalization_field.value_or(mxd::Wide_string()));
   return {{"kind", renderer_kind(*renderer)},
           {"fields", renderer_fields(*renderer)},
-          {"normalization_field", text_or_null(facts.normalization_field)},
-          {"classes", std::move(classes)}};
+          {"normalization_field", text_or_null(divisor)},
+          {"classes", Json::array()}};
 }
 
 }  // namespace mxdinfo

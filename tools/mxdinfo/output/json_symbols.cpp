@@ -1,13 +1,12 @@
 #include <array>
 #include <bit>
+#include <span>
 
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/symbol_text.h"
 #include "mxdinfo/output/json_parts.h"
-#include "symbology/fill_symbols.h"
-#include "symbology/line_symbols.h"
-#include "symbology/marker_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
@@ -64,14 +63,14 @@ Json template_json(const Tmxd_line_template& line_template) {
 
 Json decoration_json(const Tmxd_line_decoration& decoration) {
   Json elements = Json::array();
-  for (const auto& item : decoration.elements) {
-    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item);
-    if (!element) continue;
-    elements.push_back({{"marker", symbol_json(element->marker.get())},
-                        {"positions", element->positions},
-                        {"rotates", element->unfixed_angle == 0},
-                        {"flip_first", element->flip_first != 0},
-                        {"flip_all", element->flip_all != 0}});
+  for (const auto* item : decoration.elements) {
+    visit(*item, [&](const Tmxd_simple_line_decoration_element& element) {
+      elements.push_back({{"marker", symbol_json(element.marker.get())},
+                          {"positions", element.positions},
+                          {"rotates", element.unfixed_angle == 0},
+                          {"flip_first", element.flip_first != 0},
+                          {"flip_all", element.flip_all != 0}});
+    });
   }
   return elements;
 }
@@ -211,16 +210,6 @@ void add(Json& json, const Tmxd_multilayer_fill_symbol& symbol) {
   add_layers(json, symbol.fill_symbols);
 }
 
-// Adds what the first of the classes says that the symbol is of.
-template <class... Classes>
-void add_as(Json& json, const Tmxd_symbol& symbol) {
-  const auto added = [&]<class Class>(const Class* same) {
-    if (same) add(json, *same);
-    return same != nullptr;
-  };
-  static_cast<void>((added(dynamic_cast<const Classes*>(&symbol)) || ...));
-}
-
 }  // namespace
 
 Json symbol_json(const Tmxd_symbol* symbol) {
@@ -229,12 +218,7 @@ Json symbol_json(const Tmxd_symbol* symbol) {
                {"enabled", symbol->enabled != 0},
                {"locked", symbol->locked != 0},
                {"tag", utf8(symbol->tag)}};
-  add_as<Tmxd_simple_marker_symbol, Tmxd_char_marker_symbol, Tmxd_arrow_marker_symbol,
-         Tmxd_picture_marker_symbol, Tmxd_multilayer_marker_symbol, Tmxd_simple_line_symbol,
-         Tmxd_cartographic_line_symbol, Tmxd_hash_line_symbol, Tmxd_marker_line_symbol,
-         Tmxd_multilayer_line_symbol, Tmxd_simple_fill_symbol, Tmxd_line_fill_symbol,
-         Tmxd_marker_fill_symbol, Tmxd_picture_fill_symbol, Tmxd_multilayer_fill_symbol>(json,
-                                                                                         *symbol);
+  visit(*symbol, [&](const auto& known) { add(json, known); });
   return json;
 }
 

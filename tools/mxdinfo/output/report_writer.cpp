@@ -7,9 +7,9 @@ namespace {
 
 class Dump_writer final : public Report_writer {
  public:
-  std::string document(const Report& report) const override {
+  Written_document document(const Report& report) const override {
     constexpr int dump_step = 2;
-    return report.content.dump(0, dump_step);
+    return {report.content.dump(0, dump_step)};
   }
 };
 
@@ -20,6 +20,7 @@ std::unique_ptr<Report_writer> make_dump_writer() {
 }
 
 std::unique_ptr<Report_writer> make_writer(const Options& options) {
+  if (options.view == View::losses) return make_loss_writer(options);
   switch (options.format) {
     case Format::json:
     case Format::ndjson:
@@ -30,9 +31,11 @@ std::unique_ptr<Report_writer> make_writer(const Options& options) {
       return make_html_writer();
     case Format::dump:
       return make_dump_writer();
-    default:
-      return options.find_source.empty() ? make_text_writer(options) : make_source_finder(options);
+    case Format::xml:  // written by the library
+    case Format::text:
+      break;
   }
+  return options.find_source.empty() ? make_text_writer(options) : make_source_finder(options);
 }
 
 }  // namespace mxdinfo

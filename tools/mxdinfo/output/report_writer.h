@@ -9,7 +9,13 @@
 
 namespace mxdinfo {
 
-// Turns reports into text: begin, each document in input order, end.
+struct Written_document {
+  std::string text;
+  // False if the bound on the size of the output cut something.
+  bool is_complete = true;
+};
+
+// Writes reports as text: begin(), each document in input order, end().
 class Report_writer {
  public:
   Report_writer() = default;
@@ -19,7 +25,7 @@ class Report_writer {
 
   virtual std::string begin() const { return {}; }
   // Called by several threads, in any order.
-  virtual std::string document(const Report& report) const = 0;
+  virtual Written_document document(const Report& report) const = 0;
   virtual std::string end(std::span<const Summary> /*documents*/) const { return {}; }
 };
 
@@ -32,5 +38,6 @@ std::unique_ptr<Report_writer> make_json_writer(const Options& options);
 std::unique_ptr<Report_writer> make_csv_writer(const Options& options);
 std::unique_ptr<Report_writer> make_html_writer();
 std::unique_ptr<Report_writer> make_dump_writer();
+std::unique_ptr<Report_writer> make_loss_writer(const Options& options);
 
 }  // namespace mxdinfo

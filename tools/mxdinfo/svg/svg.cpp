@@ -9,6 +9,7 @@
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/symbol_text.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
@@ -18,11 +19,10 @@ constexpr double swatch_height = 24;
 constexpr double margin = 2;
 
 std::string title_of(const mxd::Tmxd_symbol* symbol) {
-  constexpr std::size_t max_layers = 20;
-  const auto layers = symbol_layers(symbol);
+  constexpr std::size_t max_length = 2000;
   std::string title;
-  for (const auto* layer : layers) {
-    if (title.size() > max_layers * 100) break;
+  for (const auto* layer : symbol_layers(symbol)) {
+    if (title.size() > max_length) return title + "; …";
     if (!title.empty()) title += "; ";
     title += symbol_text(layer);
     if (layer && !layer->enabled) title += " (off)";
@@ -30,7 +30,7 @@ std::string title_of(const mxd::Tmxd_symbol* symbol) {
   return title.empty() ? symbol_text(symbol) : title;
 }
 
-// How much smaller than life a symbol is drawn, so that it fits.
+// By how much a symbol is reduced so that it fits.
 double reduction(double reach) {
   constexpr double room = swatch_height / 2 - margin;
   return std::max(1.0, bounded(reach) / room);
@@ -43,21 +43,22 @@ void draw(Canvas& canvas, const mxd::Tmxd_symbol* symbol, double scale) {
   const Box inside{-width / 2 + edge, -height / 2 + edge, width - 2 * edge, height - 2 * edge};
   if (!symbol) {
     canvas.unknown(inside, "no symbol was read");
-  } else if (dynamic_cast<const mxd::Tmxd_marker_symbol*>(symbol)) {
-    draw_marker(canvas, symbol, {}, 0);
-  } else if (dynamic_cast<const mxd::Tmxd_line_symbol*>(symbol)) {
-    const Path path{{{inside.x, 0}, {inside.x + inside.width, 0}}, false};
-    draw_line(canvas, symbol, path, 0);
-  } else {
-    draw_fill(canvas, symbol, inside, 0);
+    return;
   }
+  visit(*symbol, mxd::Overloaded{
+                     [&](const mxd::Tmxd_marker_symbol&) { draw_marker(canvas, symbol, {}, 0); },
+                     [&](const mxd::Tmxd_line_symbol&) {
+                       const Path path{{{inside.x, 0}, {inside.x + inside.width, 0}}, false};
+                       draw_line(canvas, symbol, path, 0);
+                     },
+                     [&](const mxd::Tmxd_fill_symbol&) { draw_fill(canvas, symbol, inside, 0); }});
 }
 
 }  // namespace
 
 double bounded(double value) {
-  constexpr double most = 5000;
-  return std::isfinite(value) ? std::clamp(value, -most, most) : 0;
+  constexpr double max_value = 5000;
+  return std::isfinite(value) ? std::clamp(value, -max_value, max_value) : 0;
 }
 
 std::string number(double value) {
@@ -107,7 +108,7 @@ void Canvas::unknown(const Box& box, std::string_view title) {
   out_ += fmt::format("<title>{}</title>", escape_html(title));
   out_ += fmt::format(R"(<rect x="{}" y="{}" width="{}" height="{}"/>)", number(box.x),
                       number(box.y), number(box.width), number(box.height));
-  // Lines on which x and y, counted from the lower left corner, add up to the same.
+  // Diagonals: x and y, counted from the lower left corner, have the same sum along each.
   constexpr int lines = 9;
   std::string strokes;
   for (int i = 1; i < lines; ++i) {
@@ -122,21 +123,16 @@ void Canvas::unknown(const Box& box, std::string_view title) {
   close("</g>");
 }
 
-std::string swatch_svg(const mxd::Tmxd_symbol* symbol) {
-  const double reach = dynamic_cast<const mxd::Tmxd_marker_symbol*>(symbol)
-                           ? marker_reach(symbol, 0)
-                       : dynamic_cast<const mxd::Tmxd_line_symbol*>(symbol) ? line_reach(symbol, 0)
-                                                                            : 0;
-  const double scale = reduction(reach);
+std::string swatch_svg(const mxd::Tmxd_symbol* symbol, std::string_view attributes) {
+  // Fills have no size of their own.
+  const double scale = reduction(std::max(marker_reach(symbol, 0), line_reach(symbol, 0)));
   Canvas canvas;
   draw(canvas, symbol, scale);
   const double width = swatch_width * scale;
   const double height = swatch_height * scale;
-  return fmt::format(
-      R"(<svg class="swatch" role="img" width="64" height="32" viewBox="{} {} {} {}">)"
-      "<title>{}</title>{}</svg>",
-      number(-width / 2), number(-height / 2), number(width), number(height),
-      escape_html(title_of(symbol)), canvas.take());
+  return fmt::format(R"(<svg {} viewBox="{} {} {} {}"><title>{}</title>{}</svg>)", attributes,
+                     number(-width / 2), number(-height / 2), number(width), number(height),
+                     escape_html(title_of(symbol)), canvas.take());
 }
 
 }  // namespace mxdinfo

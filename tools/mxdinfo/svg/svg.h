@@ -1,6 +1,8 @@
 // Symbols drawn as SVG. Lengths are points, x to the right, y down.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,14 +24,14 @@ struct Box {
   double height = 0;
 };
 
-// A line to draw along; the sides of an area run back to their start.
+// A polyline, closed if it is an outline.
 struct Path {
   std::vector<Point> points;
   bool closed = false;
 };
 Path path_around(const Box& box);
 
-// A place on a way, and the direction there in degrees, counter-clockwise.
+// A point on a path and the direction there in degrees, counter-clockwise.
 struct Pose {
   Point at;
   double angle = 0;
@@ -37,23 +39,27 @@ struct Pose {
 double length_of(const Path& path);
 Pose pose_at(const Path& path, double distance);
 
-// What is drawn, within bounds: symbols nest and repeat each other, and a damaged document must not
-// make a page of gigabytes.
+// Receives the elements of one picture, within bounds: symbols nest and repeat each other, and a
+// damaged document must not make a page of gigabytes.
 class Canvas {
  public:
   static constexpr int max_depth = 8;
+  // Layers of a multilayer symbol, and items of a dash pattern, that are drawn.
+  static constexpr std::size_t max_parts = 100;
 
-  // One more symbol or part of one. False when there is no more room for any.
-  bool step() { return left_ > 0 && steps_ > 0 && steps_-- > 0; }
-  // One whole element.
+  // Counts one more symbol or part of one. False if the picture is full.
+  bool step() { return !is_full() && steps_ < max_steps && ++steps_ > 0; }
+  // Adds one whole element.
   void add(std::string_view element) {
-    if (spend()) out_.append(element);
+    if (!is_full()) out_.append(element);
   }
+  // A hatched box in place of what cannot be drawn.
   void unknown(const Box& box, std::string_view title);
 
-  // What is drawn inside stands in this element. False when there is no more room.
+  // Elements that are added until close() are inside this one. False if the picture is full;
+  // close() must not be called then.
   bool open(std::string_view start_tag) {
-    if (!spend()) return false;
+    if (is_full()) return false;
     out_.append(start_tag);
     return true;
   }
@@ -62,30 +68,41 @@ class Canvas {
   std::string take() { return std::move(out_); }
 
  private:
-  bool spend() { return left_ > 0 && left_-- > 0; }
+  static constexpr std::size_t max_size = 100'000;  // bytes
+  static constexpr int max_steps = 3000;
+
+  bool is_full() const { return out_.size() >= max_size; }
 
   std::string out_;
-  int left_ = 1500;
-  int steps_ = 3000;
+  int steps_ = 0;
 };
 
-// Nothing that a page could not take: finite, and within a few thousand points.
+// Clamps to a finite value of at most a few thousand points.
 double bounded(double value);
 std::string number(double value);
-// "none" for no color.
+// The color as "#rrggbb", or "none".
 std::string color_or_none(const mxd::Tmxd_color_slot& slot);
 
-// Each draws a symbol of its family, an unknown part in place of anything else. The level counts
-// symbols within symbols.
+// Each draws a symbol of its family, or an unknown box for anything else, null included. The level
+// counts symbols within symbols.
 void draw_marker(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Pose& pose, int level);
 void draw_line(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Path& path, int level);
 void draw_fill(Canvas& canvas, const mxd::Tmxd_symbol* symbol, const Box& box, int level);
 
-// How far from its point a marker reaches, and how wide a line with its offset is.
+// How far a marker reaches from its point, and half a line's width with its offset. 0 for symbols
+// of other families and null.
 double marker_reach(const mxd::Tmxd_symbol* symbol, int level);
 double line_reach(const mxd::Tmxd_symbol* symbol, int level);
 
-// One picture of a symbol, whatever it is.
-std::string swatch_svg(const mxd::Tmxd_symbol* symbol);
+// Calls draw for the layers of a multilayer symbol that are drawn, from the bottom to the top.
+template <class List, class Draw>
+void for_each_drawn_layer(const List& layers, Draw draw) {
+  for (std::size_t i = std::min(layers.size(), Canvas::max_parts); i-- > 0;) {
+    if (layers[i].enabled) draw(layers[i]);
+  }
+}
+
+// A picture of any symbol, or of null: an <svg> element with these attributes and a title.
+std::string swatch_svg(const mxd::Tmxd_symbol* symbol, std::string_view attributes);
 
 }  // namespace mxdinfo

@@ -1,4 +1,4 @@
-// Symbols over an area.
+// Draws fill symbols.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 #include <numbers>
 
 #include "mxdinfo/svg/svg.h"
-#include "symbology/fill_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
@@ -19,7 +19,7 @@ void fill_box(Canvas& canvas, const Box& box, const std::string& color) {
                          number(box.y), number(box.width), number(box.height), color));
 }
 
-// What is drawn by the caller between these two is cut at the box; its coordinates stay.
+// Opens an element that clips its content to the box, without a change of coordinates.
 bool open_clip(Canvas& canvas, const Box& box) {
   const std::string x = number(box.x), y = number(box.y);
   const std::string width = number(box.width), height = number(box.height);
@@ -53,7 +53,7 @@ void draw_hatching(Canvas& canvas, const Tmxd_line_fill_symbol& symbol, const Bo
   }
 }
 
-// Spread without order, but alike on every page.
+// Pseudo-random, but the same on every page.
 class Jitter {
  public:
   double next() {
@@ -94,32 +94,41 @@ void draw_picture(Canvas& canvas, const Box& box) {
 
 void draw_fill(Canvas& canvas, const Tmxd_symbol* symbol, const Box& box, int level) {
   if (!canvas.step()) return;
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_fill_symbol*>(symbol)) {
-    fill_box(canvas, box, color_or_none(simple->color_slot));
-    draw_outline(canvas, simple->outline, box, level);
-  } else if (const auto* lines = dynamic_cast<const Tmxd_line_fill_symbol*>(symbol)) {
-    if (open_clip(canvas, box)) {
-      draw_hatching(canvas, *lines, box, level);
-      canvas.close("</svg>");
-    }
-    draw_outline(canvas, lines->outline, box, level);
-  } else if (const auto* markers = dynamic_cast<const Tmxd_marker_fill_symbol*>(symbol)) {
-    if (open_clip(canvas, box)) {
-      draw_markers(canvas, *markers, box, level);
-      canvas.close("</svg>");
-    }
-    draw_outline(canvas, markers->outline_slot, box, level);
-  } else if (const auto* picture = dynamic_cast<const Tmxd_picture_fill_symbol*>(symbol)) {
-    draw_picture(canvas, box);
-    draw_outline(canvas, picture->outline, box, level);
-  } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_fill_symbol*>(symbol)) {
-    for (std::size_t i = layers->fill_symbols.size(); i-- > 0;) {
-      const Tmxd_symbol& layer = layers->fill_symbols[i];
-      if (layer.enabled) draw_fill(canvas, &layer, box, level + 1);
-    }
-  } else {
-    canvas.unknown(box, "not drawn: no fill");
+  if (!symbol || level > Canvas::max_depth) {
+    canvas.unknown(box, symbol ? "not drawn: nested too deeply" : "no fill was read");
+    return;
   }
+  visit(*symbol, Overloaded{
+                     [&](const Tmxd_simple_fill_symbol& fill) {
+                       fill_box(canvas, box, color_or_none(fill.color_slot));
+                       draw_outline(canvas, fill.outline, box, level);
+                     },
+                     [&](const Tmxd_line_fill_symbol& fill) {
+                       if (open_clip(canvas, box)) {
+                         draw_hatching(canvas, fill, box, level);
+                         canvas.close("</svg>");
+                       }
+                       draw_outline(canvas, fill.outline, box, level);
+                     },
+                     [&](const Tmxd_marker_fill_symbol& fill) {
+                       if (open_clip(canvas, box)) {
+                         draw_markers(canvas, fill, box, level);
+                         canvas.close("</svg>");
+                       }
+                       draw_outline(canvas, fill.outline_slot, box, level);
+                     },
+                     [&](const Tmxd_picture_fill_symbol& fill) {
+                       draw_picture(canvas, box);
+                       draw_outline(canvas, fill.outline, box, level);
+                     },
+                     [&](const Tmxd_multilayer_fill_symbol& fill) {
+                       for_each_drawn_layer(fill.fill_symbols, [&](const Tmxd_symbol& layer) {
+                         draw_fill(canvas, &layer, box, level + 1);
+                       });
+                     },
+                     [&](const Tmxd_marker_symbol&) { canvas.unknown(box, "not drawn: no fill"); },
+                     [&](const Tmxd_line_symbol&) { canvas.unknown(box, "not drawn: no fill"); },
+                 });
 }
 
 }  // namespace mxdinfo

@@ -1,21 +1,22 @@
-// Symbols along a line.
+// Draws line symbols.
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <span>
 
 #include "mxdinfo/svg/svg.h"
-#include "symbology/line_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
 
 using namespace mxd;
 
-// More repetitions than the eye can count would say nothing.
-constexpr int max_poses = 60;
+// More repetitions would not be told apart.
+constexpr std::size_t max_poses = 60;
 constexpr double min_pattern = 0.5;
 
 std::string path_data(const Path& path) {
@@ -37,9 +38,14 @@ Path shifted(Path path, double offset) {
   return path;
 }
 
+std::span<const Tmxd_line_template_item> drawn_items(const Tmxd_line_template& line_template) {
+  return std::span(line_template.items)
+      .first(std::min(line_template.items.size(), Canvas::max_parts));
+}
+
 double pattern_length(const Tmxd_line_template& line_template) {
   double length = 0;
-  for (const auto& item : line_template.items) {
+  for (const auto& item : drawn_items(line_template)) {
     length += std::max(0.0, bounded(item.filled)) + std::max(0.0, bounded(item.empty));
   }
   return length * std::max(0.0, bounded(line_template.pattern_interval));
@@ -50,40 +56,39 @@ bool has_pattern(const Tmxd_line_template& line_template) {
 }
 
 std::string dashes_of(const Tmxd_line_template& line_template) {
-  constexpr std::size_t max_dashes = 100;
   if (!has_pattern(line_template)) return {};
   std::string lengths;
-  const std::size_t count = std::min(line_template.items.size(), max_dashes);
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto& item = line_template.items[i];
+  for (const auto& item : drawn_items(line_template)) {
     const double unit = line_template.pattern_interval;
-    lengths += fmt::format("{}{} {}", i == 0 ? "" : " ", number(std::max(0.0, item.filled * unit)),
+    lengths += fmt::format("{}{} {}", lengths.empty() ? "" : " ",
+                           number(std::max(0.0, item.filled * unit)),
                            number(std::max(0.0, item.empty * unit)));
   }
   return fmt::format(R"( stroke-dasharray="{}")", lengths);
 }
 
-// The middle of each filled part of the pattern, without one at even distances.
+// The middle of each filled part of the pattern; without a pattern, at even distances.
 std::vector<Pose> poses_along(const Path& path, const Tmxd_line_template& line_template,
                               double distance) {
   std::vector<Pose> poses;
   const double end = length_of(path);
-  const auto place = [&](double at) {
+  const auto add = [&](double at) {
     if (at <= end && poses.size() < max_poses) poses.push_back(pose_at(path, at));
   };
   if (!has_pattern(line_template)) {
     const double step = std::max(distance, 1.0);
-    for (int i = 0; i < max_poses; ++i) place((i + 0.5) * step);
+    for (std::size_t i = 0; i < max_poses; ++i) add((static_cast<double>(i) + 0.5) * step);
     return poses;
   }
   const double unit = bounded(line_template.pattern_interval);
   double at = 0;
-  while (at < end && poses.size() < max_poses) {
-    for (const auto& item : line_template.items) {
+  // The second bound ends the walk if nothing in the pattern is filled.
+  for (std::size_t rounds = 0; at < end && poses.size() < max_poses && rounds < max_poses;
+       ++rounds) {
+    for (const auto& item : drawn_items(line_template)) {
       const double filled = std::max(0.0, bounded(item.filled)) * unit;
-      if (filled > 0) place(at + filled / 2);
+      if (filled > 0) add(at + filled / 2);
       at += filled + std::max(0.0, bounded(item.empty)) * unit;
-      if (at >= end) break;
     }
   }
   return poses;
@@ -110,7 +115,6 @@ void draw_simple(Canvas& canvas, const Tmxd_simple_line_symbol& symbol, const Pa
   stroke(canvas, path, symbol.color_slot, symbol.width, style_dashes(symbol));
 }
 
-// The ends of a line and its corners, as both are numbered.
 std::string cap_and_join(std::int32_t cap, std::int32_t join) {
   const char* cap_name = cap == 1 ? "round" : cap == 2 ? "square" : "butt";
   const char* join_name = join == 1 ? "round" : join == 2 ? "bevel" : "miter";
@@ -119,8 +123,7 @@ std::string cap_and_join(std::int32_t cap, std::int32_t join) {
 
 void draw_decoration(Canvas& canvas, const Tmxd_simple_line_decoration_element& element,
                      const Path& path, int level) {
-  int left = max_poses;
-  for (std::size_t i = 0; i < element.positions.size() && left-- > 0; ++i) {
+  for (std::size_t i = 0; i < std::min(element.positions.size(), max_poses); ++i) {
     Pose pose =
         pose_at(path, std::clamp(bounded(element.positions[i]), 0.0, 1.0) * length_of(path));
     if (element.unfixed_angle) pose.angle = 0;
@@ -134,9 +137,10 @@ void draw_cartographic(Canvas& canvas, const Tmxd_cartographic_line_symbol& symb
   const Path moved = shifted(path, symbol.offset);
   stroke(canvas, moved, symbol.color_slot, symbol.width,
          cap_and_join(symbol.cap, symbol.join) + dashes_of(symbol.line_template));
-  for (const auto& item : symbol.line_decoration.elements) {
-    const auto* element = dynamic_cast<const Tmxd_simple_line_decoration_element*>(item);
-    if (element) draw_decoration(canvas, *element, moved, level);
+  for (const auto* item : symbol.line_decoration.elements) {
+    visit(*item, [&](const Tmxd_simple_line_decoration_element& element) {
+      draw_decoration(canvas, element, moved, level);
+    });
   }
 }
 
@@ -179,46 +183,53 @@ Box box_of(const Path& path) {
 
 void draw_line(Canvas& canvas, const Tmxd_symbol* symbol, const Path& path, int level) {
   if (!canvas.step()) return;
-  if (!dynamic_cast<const Tmxd_line_symbol*>(symbol) || level > Canvas::max_depth) {
-    canvas.unknown(box_of(path), symbol ? "not drawn: no line" : "no line was read");
-  } else if (const auto* simple = dynamic_cast<const Tmxd_simple_line_symbol*>(symbol)) {
-    draw_simple(canvas, *simple, path);
-  } else if (const auto* line = dynamic_cast<const Tmxd_cartographic_line_symbol*>(symbol)) {
-    draw_cartographic(canvas, *line, path, level);
-  } else if (const auto* hash = dynamic_cast<const Tmxd_hash_line_symbol*>(symbol)) {
-    draw_hashes(canvas, *hash, path, level);
-  } else if (const auto* markers = dynamic_cast<const Tmxd_marker_line_symbol*>(symbol)) {
-    draw_markers(canvas, *markers, path, level);
-  } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
-    for (std::size_t i = layers->line_symbols.size(); i-- > 0;) {
-      const Tmxd_symbol& layer = layers->line_symbols[i];
-      if (layer.enabled) draw_line(canvas, &layer, path, level + 1);
-    }
+  if (!symbol || level > Canvas::max_depth) {
+    canvas.unknown(box_of(path), symbol ? "not drawn: nested too deeply" : "no line was read");
+    return;
   }
+  const auto not_drawn = [&] { canvas.unknown(box_of(path), "not drawn: no line"); };
+  visit(*symbol,
+        Overloaded{
+            [&](const Tmxd_simple_line_symbol& line) { draw_simple(canvas, line, path); },
+            [&](const Tmxd_cartographic_line_symbol& line) {
+              draw_cartographic(canvas, line, path, level);
+            },
+            [&](const Tmxd_hash_line_symbol& line) { draw_hashes(canvas, line, path, level); },
+            [&](const Tmxd_marker_line_symbol& line) { draw_markers(canvas, line, path, level); },
+            [&](const Tmxd_multilayer_line_symbol& line) {
+              for_each_drawn_layer(line.line_symbols, [&](const Tmxd_symbol& layer) {
+                draw_line(canvas, &layer, path, level + 1);
+              });
+            },
+            [&](const Tmxd_marker_symbol&) { not_drawn(); },
+            [&](const Tmxd_fill_symbol&) { not_drawn(); },
+        });
 }
 
 double line_reach(const Tmxd_symbol* symbol, int level) {
   if (!symbol || level > Canvas::max_depth) return 0;
-  if (const auto* layers = dynamic_cast<const Tmxd_multilayer_line_symbol*>(symbol)) {
-    double reach = 0;
-    for (const auto& layer : layers->line_symbols) {
-      if (layer->enabled) reach = std::max(reach, line_reach(layer, level + 1));
-    }
-    return reach;
-  }
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_line_symbol*>(symbol)) {
-    return bounded(simple->width) / 2;
-  }
-  if (const auto* line = dynamic_cast<const Tmxd_cartographic_line_symbol*>(symbol)) {
-    return bounded(line->width) / 2 + std::abs(bounded(line->offset));
-  }
-  if (const auto* hash = dynamic_cast<const Tmxd_hash_line_symbol*>(symbol)) {
-    return bounded(hash->width) / 2 + std::abs(bounded(hash->offset));
-  }
-  const auto* markers = dynamic_cast<const Tmxd_marker_line_symbol*>(symbol);
-  if (!markers) return 0;
-  return marker_reach(markers->pattern_marker.get(), level + 1) +
-         std::abs(bounded(markers->offset));
+  const auto reach = [](double width, double offset) {
+    return bounded(width) / 2 + std::abs(bounded(offset));
+  };
+  return visit(
+      *symbol,
+      Overloaded{
+          [&](const Tmxd_simple_line_symbol& line) { return reach(line.width, 0); },
+          [&](const Tmxd_cartographic_line_symbol& line) { return reach(line.width, line.offset); },
+          [&](const Tmxd_hash_line_symbol& line) { return reach(line.width, line.offset); },
+          [&](const Tmxd_marker_line_symbol& line) {
+            return marker_reach(line.pattern_marker.get(), level + 1) + reach(0, line.offset);
+          },
+          [&](const Tmxd_multilayer_line_symbol& line) {
+            double widest = 0;
+            for_each_drawn_layer(line.line_symbols, [&](const Tmxd_symbol& layer) {
+              widest = std::max(widest, line_reach(&layer, level + 1));
+            });
+            return widest;
+          },
+          [](const Tmxd_marker_symbol&) { return 0.0; },
+          [](const Tmxd_fill_symbol&) { return 0.0; },
+      });
 }
 
 }  // namespace mxdinfo

@@ -1,4 +1,4 @@
-// Symbols at a point.
+// Draws marker symbols.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/svg/svg.h"
-#include "symbology/marker_symbols.h"
+#include "symbology/symbol_classes.h"
 
 namespace mxdinfo {
 namespace {
@@ -68,10 +68,11 @@ void draw_simple(Canvas& canvas, const Tmxd_simple_marker_symbol& symbol) {
   }
 }
 
-// A name that can do nothing in a style but name a font.
+// Only characters that are safe in a style, and no more than a font's name has.
 std::string font_family(const std::string& name) {
+  constexpr std::size_t max_length = 100;
   std::string safe;
-  for (const char c : name) {
+  for (const char c : shortened(name, max_length)) {
     const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                        c == ' ' || c == '-' || c == '_' || static_cast<unsigned char>(c) >= 0x80;
     if (plain) safe += c;
@@ -80,7 +81,7 @@ std::string font_family(const std::string& name) {
   return escape_html(safe).append("'Segoe UI Symbol', 'Noto Sans Symbols', sans-serif");
 }
 
-// What a page may hold as a character.
+// Whether a page may contain the character.
 bool is_printable(std::int32_t code) {
   return code > 0x20 && code < 0x110000 && !(code >= 0x7F && code < 0xA0) &&
          !(code >= 0xD800 && code < 0xE000) && (code & 0xFFFE) != 0xFFFE &&
@@ -91,7 +92,8 @@ void draw_character(Canvas& canvas, const Tmxd_char_marker_symbol& symbol) {
   const double size = std::abs(bounded(symbol.size));
   const std::string font = utf8(symbol.font_name);
   if (!is_printable(symbol.unicode)) {
-    canvas.unknown(box_around(size), fmt::format("character {} of {}", symbol.unicode, font));
+    canvas.unknown(box_around(size),
+                   fmt::format("character {} of {}", symbol.unicode, shortened(font)));
     return;
   }
   const auto style = fmt::format("{}{}", symbol.font.italic() ? R"( font-style="italic")" : "",
@@ -109,24 +111,30 @@ void draw_arrow(Canvas& canvas, const Tmxd_arrow_marker_symbol& symbol) {
                          number(width / 2), color_or_none(symbol.color_slot)));
 }
 
-// Where a layer stands: moved first, then turned.
+// Where a marker is drawn: first moved, then turned.
 struct Placement {
   double x = 0;
   double y = 0;
   double angle = 0;
 };
 
+template <class Marker>
+Placement own_placement(const Marker& marker) {
+  return {marker.x_offset, marker.y_offset, marker.angle};
+}
+
+// Other symbols have none.
 Placement placement_of(const Tmxd_symbol& symbol) {
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
-    return {simple->x_offset, simple->y_offset, simple->angle};
-  }
-  if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
-    return {glyph->x_offset, glyph->y_offset, glyph->angle};
-  }
-  if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
-    return {arrow->x_offset, arrow->y_offset, arrow->angle};
-  }
-  return {};
+  return visit(symbol,
+               Overloaded{
+                   [](const Tmxd_simple_marker_symbol& marker) { return own_placement(marker); },
+                   [](const Tmxd_char_marker_symbol& marker) { return own_placement(marker); },
+                   [](const Tmxd_arrow_marker_symbol& marker) { return own_placement(marker); },
+                   [](const Tmxd_picture_marker_symbol&) { return Placement(); },
+                   [](const Tmxd_multilayer_marker_symbol&) { return Placement(); },
+                   [](const Tmxd_line_symbol&) { return Placement(); },
+                   [](const Tmxd_fill_symbol&) { return Placement(); },
+               });
 }
 
 std::string transform_of(const Placement& placement) {
@@ -138,28 +146,42 @@ std::string transform_of(const Placement& placement) {
   return transform;
 }
 
-void draw_shape(Canvas& canvas, const Tmxd_symbol& symbol) {
-  constexpr double picture_size = 16;
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
-    draw_simple(canvas, *simple);
-  } else if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) {
-    draw_character(canvas, *glyph);
-  } else if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
-    draw_arrow(canvas, *arrow);
-  } else {
-    canvas.unknown(box_around(picture_size), "a picture, which is not read");
+// Draws within an element that moves and turns it, where that is needed.
+template <class Draw>
+void draw_placed(Canvas& canvas, const Tmxd_symbol& symbol, Draw draw) {
+  const std::string placed = transform_of(placement_of(symbol));
+  if (placed.empty()) {
+    draw();
+  } else if (canvas.open(fmt::format(R"(<g transform="{}">)", placed))) {
+    draw();
+    canvas.close("</g>");
   }
 }
 
-double size_of(const Tmxd_symbol& symbol) {
-  if (const auto* simple = dynamic_cast<const Tmxd_simple_marker_symbol*>(&symbol)) {
-    return std::abs(simple->size) + (simple->outline_flag ? 2 * simple->outline_width : 0);
-  }
-  if (const auto* glyph = dynamic_cast<const Tmxd_char_marker_symbol*>(&symbol)) return glyph->size;
-  if (const auto* arrow = dynamic_cast<const Tmxd_arrow_marker_symbol*>(&symbol)) {
-    return std::max(std::abs(arrow->size), std::abs(arrow->width));
-  }
-  return 0;
+void draw_content(Canvas& canvas, const Tmxd_symbol& symbol, int level) {
+  constexpr double picture_size = 16;
+  const auto not_drawn = [&] { canvas.unknown(box_around(8), "not drawn: no marker"); };
+  visit(symbol, Overloaded{
+                    [&](const Tmxd_simple_marker_symbol& marker) {
+                      draw_placed(canvas, marker, [&] { draw_simple(canvas, marker); });
+                    },
+                    [&](const Tmxd_char_marker_symbol& marker) {
+                      draw_placed(canvas, marker, [&] { draw_character(canvas, marker); });
+                    },
+                    [&](const Tmxd_arrow_marker_symbol& marker) {
+                      draw_placed(canvas, marker, [&] { draw_arrow(canvas, marker); });
+                    },
+                    [&](const Tmxd_picture_marker_symbol&) {
+                      canvas.unknown(box_around(picture_size), "a picture, which is not read");
+                    },
+                    [&](const Tmxd_multilayer_marker_symbol& marker) {
+                      for_each_drawn_layer(marker.marker_symbols, [&](const Tmxd_symbol& layer) {
+                        draw_marker(canvas, &layer, {}, level + 1);
+                      });
+                    },
+                    [&](const Tmxd_line_symbol&) { not_drawn(); },
+                    [&](const Tmxd_fill_symbol&) { not_drawn(); },
+                });
 }
 
 }  // namespace
@@ -168,37 +190,42 @@ void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Pose& pose, in
   if (!canvas.step()) return;
   const std::string moved = transform_of({pose.at.x, -pose.at.y, pose.angle});
   if (!canvas.open(moved.empty() ? "<g>" : fmt::format(R"(<g transform="{}">)", moved))) return;
-  if (!symbol || !dynamic_cast<const Tmxd_marker_symbol*>(symbol) || level > Canvas::max_depth) {
-    canvas.unknown(box_around(8), symbol ? "not drawn: no marker" : "no marker was read");
-  } else if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
-    for (std::size_t i = layers->marker_symbols.size(); i-- > 0;) {
-      const Tmxd_symbol& layer = layers->marker_symbols[i];
-      if (layer.enabled) draw_marker(canvas, &layer, {}, level + 1);
-    }
+  if (!symbol || level > Canvas::max_depth) {
+    canvas.unknown(box_around(8), symbol ? "not drawn: nested too deeply" : "no marker was read");
   } else {
-    const std::string placed = transform_of(placement_of(*symbol));
-    if (placed.empty()) {
-      draw_shape(canvas, *symbol);
-    } else if (canvas.open(fmt::format(R"(<g transform="{}">)", placed))) {
-      draw_shape(canvas, *symbol);
-      canvas.close("</g>");
-    }
+    draw_content(canvas, *symbol, level);
   }
   canvas.close("</g>");
 }
 
 double marker_reach(const Tmxd_symbol* symbol, int level) {
   if (!symbol || level > Canvas::max_depth) return 0;
-  if (const auto* layers = dynamic_cast<const Tmxd_multilayer_marker_symbol*>(symbol)) {
-    double reach = 0;
-    for (const auto& layer : layers->marker_symbols) {
-      if (layer->enabled) reach = std::max(reach, marker_reach(layer, level + 1));
-    }
-    return reach;
-  }
-  const Placement placement = placement_of(*symbol);
-  return bounded(size_of(*symbol)) / 2 +
-         std::max(std::abs(bounded(placement.x)), std::abs(bounded(placement.y)));
+  const auto reach = [&](double size) {
+    const Placement placement = placement_of(*symbol);
+    return bounded(size) / 2 +
+           std::max(std::abs(bounded(placement.x)), std::abs(bounded(placement.y)));
+  };
+  return visit(*symbol,
+               Overloaded{
+                   [&](const Tmxd_simple_marker_symbol& marker) {
+                     return reach(std::abs(marker.size) +
+                                  (marker.outline_flag ? 2 * marker.outline_width : 0));
+                   },
+                   [&](const Tmxd_char_marker_symbol& marker) { return reach(marker.size); },
+                   [&](const Tmxd_arrow_marker_symbol& marker) {
+                     return reach(std::max(std::abs(marker.size), std::abs(marker.width)));
+                   },
+                   [&](const Tmxd_picture_marker_symbol&) { return 0.0; },
+                   [&](const Tmxd_multilayer_marker_symbol& marker) {
+                     double widest = 0;
+                     for_each_drawn_layer(marker.marker_symbols, [&](const Tmxd_symbol& layer) {
+                       widest = std::max(widest, marker_reach(&layer, level + 1));
+                     });
+                     return widest;
+                   },
+                   [](const Tmxd_line_symbol&) { return 0.0; },
+                   [](const Tmxd_fill_symbol&) { return 0.0; },
+               });
 }
 
 }  // namespace mxdinfo

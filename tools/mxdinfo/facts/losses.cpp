@@ -1,0 +1,109 @@
+#include "mxdinfo/facts/losses.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace mxdinfo {
+namespace {
+
+using namespace mxd;
+
+using Errors = std::vector<const Decode_error*>;
+
+std::uint64_t position_of(const Decode_error* error) {
+  return static_cast<std::uint64_t>(error->position);
+}
+
+// Sorted by position, those of one position in the order in which they were found.
+Errors sorted_errors(const Report& report) {
+  Errors errors;
+  for (const Decode_error& error : report.errors) errors.push_back(&error);
+  std::stable_sort(errors.begin(), errors.end(),
+                   [](const auto* a, const auto* b) { return position_of(a) < position_of(b); });
+  return errors;
+}
+
+Errors::const_iterator first_from(const Errors& errors, std::uint64_t position) {
+  return std::lower_bound(
+      errors.begin(), errors.end(), position,
+      [](const Decode_error* error, std::uint64_t at) { return position_of(error) < at; });
+}
+
+// The last layer that begins at or before the position.
+std::optional<Listed_layer> layer_at(const std::vector<Listed_layer>& layers,
+                                     std::uint64_t position) {
+  const auto after = std::upper_bound(
+      layers.begin(), layers.end(), position,
+      [](std::uint64_t at, const Listed_layer& layer) { return at < layer.record().position; });
+  if (after == layers.begin()) return std::nullopt;
+  return *(after - 1);
+}
+
+Loss loss_of(const Map_outline& map, std::optional<Listed_layer> layer, const Decode_error* error) {
+  return {&map, layer, loss_words(error->type), error};
+}
+
+void add_layer_losses(std::vector<Loss>& losses, const Errors& errors, const Listed_layer& listed) {
+  const Layer_record& record = listed.record();
+  if (const Tmxd_layer* layer = record.layer) {
+    if (is_possible_scale(layer->min_scale) && is_possible_scale(layer->max_scale)) return;
+    losses.push_back({listed.map, listed, {"scales", "they are impossible numbers and not shown"}});
+  } else if (!record.read_failed()) {
+    losses.push_back({listed.map, listed, {"layer", "its kind is not decoded"}});
+  } else {
+    const auto error = first_from(errors, record.position);
+    if (error != errors.end() && position_of(*error) == record.position) return;
+    losses.push_back({listed.map, listed, loss_words("_layer")});
+  }
+}
+
+void add_map_losses(std::vector<Loss>& losses, const Errors& errors, const Map_outline& map) {
+  const auto layers = listed_layers(map);
+  auto error = first_from(errors, map.position);
+  for (; error != errors.end() && position_of(*error) < map.end; ++error) {
+    losses.push_back(loss_of(map, layer_at(layers, position_of(*error)), *error));
+  }
+  for (const Listed_layer& layer : layers) add_layer_losses(losses, errors, layer);
+  if (map.missing_layers() > 0) {
+    losses.push_back({&map, std::nullopt, {"layers", "some that the map counts were not found"}});
+  }
+}
+
+}  // namespace
+
+std::vector<Loss> losses_of(const Report& report) {
+  std::vector<Loss> losses;
+  const Errors errors = sorted_errors(report);
+  for (const Map_outline& map : report.outline.maps) add_map_losses(losses, errors, map);
+  // Maps do not overlap, so each error was in at most one.
+  auto map = report.outline.maps.begin();
+  for (const Decode_error* error : errors) {
+    while (map != report.outline.maps.end() && map->end <= position_of(error)) ++map;
+    if (map != report.outline.maps.end() && map->position <= position_of(error)) continue;
+    losses.push_back({nullptr, std::nullopt, loss_words(error->type), error});
+  }
+  return losses;
+}
+
+std::string path_of(const Loss& loss) {
+  if (loss.layer) return full_name(*loss.layer);
+  return loss.map ? name_of(*loss.map) : std::string();
+}
+
+std::string text_of(const Loss& loss) {
+  return fmt::format("the {}: {}", loss.words.subject, loss.words.consequence);
+}
+
+std::string line_of(const Report& report, const Loss& loss) {
+  std::string line = report.name + ": ";
+  if (loss.map) line += path_of(loss) + ": ";
+  line += text_of(loss);
+  if (loss.error) {
+    line += fmt::format(" ({} {} at byte {})", loss.error->type, loss.error->number,
+                        loss.error->position);
+  }
+  return line;
+}
+
+}  // namespace mxdinfo
