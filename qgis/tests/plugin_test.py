@@ -1,0 +1,117 @@
+"""The plugin in QGIS: its menu entry, the files it takes, its Processing algorithm; the command."""
+
+from __future__ import annotations
+
+import os
+import subprocess
+import sys
+import unittest
+from typing import Any
+from unittest import mock
+
+from support import MXDINFO, ROOT, SAMPLE, SHARED, Case
+
+from qgis.core import (
+    QgsApplication,
+    QgsProcessingContext,
+    QgsProcessingFeedback,
+    QgsProject,
+    QgsSettings,
+)
+
+import arcmap_documents
+from arcmap_documents.plugin import MXDINFO_SETTING
+
+CLI = "import sys; from arcmap_documents.cli import main; sys.exit(main())"
+
+
+def open_documents(plugin: Any, *paths: str) -> None:
+    """Waits for each, as the event loop of QGIS does."""
+    for path in paths:
+        plugin.drop_handler.handleFileDrop(path)
+        plugin.task.waitForFinished(60000)
+        for _ in range(50):
+            QgsApplication.processEvents()
+
+
+class Plugin(Case):
+    def setUp(self) -> None:
+        super().setUp()
+        QgsSettings().setValue(MXDINFO_SETTING, MXDINFO)
+        self.iface = mock.MagicMock()
+        self.iface.mainWindow.return_value = None
+        self.plugin = arcmap_documents.classFactory(self.iface)
+        self.plugin.initGui()
+        self.addCleanup(self.plugin.unload)
+
+    def test_a_dropped_document_becomes_the_project(self) -> None:
+        self.assertFalse(self.plugin.drop_handler.handleFileDrop("a.shp"))
+        with mock.patch("arcmap_documents.plugin.QMessageBox") as box:
+            open_documents(self.plugin, SAMPLE)
+        names = {layer.name() for layer in QgsProject.instance().mapLayers().values()}
+        self.assertEqual({"Rivers & canals", "Relief", "Towns", "Land use"}, names)
+        self.assertIn("Towns", box().setDetailedText.call_args[0][0])
+        self.iface.addPluginToMenu.assert_called_once()
+
+    def test_a_file_that_is_no_document_is_reported(self) -> None:
+        path = os.path.join(self.folder, "bad.mxd")
+        with open(path, "wb") as file:
+            file.write(b"no document")
+        open_documents(self.plugin, path)
+        self.assertIn("not readable", self.iface.messageBar().pushMessage.call_args[0][1])
+
+    def test_the_processing_algorithm(self) -> None:
+        registry = QgsApplication.processingRegistry()
+        algorithm = registry.createAlgorithmById("arcmap_documents:convert")
+        parameters = {"DOCUMENT": SAMPLE, "OUTPUT": self.folder, "STYLES": [0]}
+        context, feedback = QgsProcessingContext(), QgsProcessingFeedback()
+        results, ok = algorithm.run(parameters, context, feedback)
+        self.assertTrue(ok)
+        self.assertEqual(1, results["PROJECTS"])
+        self.assertGreater(results["LOSSES"], 0)
+        self.assertIn("sample.qgz", os.listdir(self.folder))
+
+
+class Command(Case):
+    def run_command(self, *arguments: str, code: int = 0) -> str:
+        environment = {**os.environ, "PYTHONPATH": os.path.join(ROOT, "qgis")}
+        command = [sys.executable, "-c", CLI, "--mxdinfo", MXDINFO, *arguments]
+        result = subprocess.run(
+            command, env=environment, cwd=self.folder, capture_output=True, check=False
+        )
+        self.assertEqual(code, result.returncode, result.stderr[-2000:])
+        return result.stdout.decode()
+
+    def test_exit_codes_and_losses(self) -> None:
+        for name in ("a/bad.mxd", "a/b/good.mxd"):
+            path = os.path.join(self.folder, name)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "wb") as copy, open(SAMPLE, "rb") as original:
+                copy.write(b"bad" if "bad" in name else original.read())
+        self.run_command("-r", "-o", "out", "--losses", "losses.tsv", "a", code=1)
+        self.assertTrue(os.path.exists(os.path.join(self.folder, "out", "b", "good.qgz")))
+        with open(os.path.join(self.folder, "losses.tsv"), encoding="utf-8") as file:
+            rows = [line.rstrip("\n").split("\t") for line in file]
+        self.assertEqual({4}, {len(row) for row in rows})
+        self.assertIn("not readable as a map document", {row[3] for row in rows})
+        self.run_command("--strict", "-q", "a/b/good.mxd", code=3)
+        self.run_command("--map", "nothing", SAMPLE, code=2)
+
+    @unittest.skipUnless(os.path.isdir(SHARED), "no real documents beside the project")
+    def test_many_documents_in_one_run(self) -> None:
+        samples = os.path.join(SHARED, "samples")
+        names = sorted(each for each in os.listdir(samples) if each.endswith(".mxd"))
+        for index in range(30):
+            with open(os.path.join(samples, names[index % len(names)]), "rb") as file:
+                data = bytearray(file.read())
+            if index % 3 == 0:
+                at = len(data) * (index + 1) // 32
+                data[at : at + 600] = bytes(600)
+            with open(os.path.join(self.folder, f"{index}.mxd"), "wb") as file:
+                file.write(data)
+        output = self.run_command("-o", "out", "--losses", "losses.tsv", ".", code=0)
+        self.assertEqual(30, output.count(".qgz: "))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,252 @@
+"""Projects: what QGIS reads back from the .qgz of a document."""
+
+from __future__ import annotations
+
+import json
+import os
+import subprocess
+import unittest
+from typing import Any, Optional
+
+from support import BLACK, MXDINFO, RED, SAMPLE, SHARED, Case, symbol
+
+from qgis.core import (
+    QgsFeature,
+    QgsFields,
+    QgsProject,
+    QgsRenderContext,
+    QgsVectorFileWriter,
+    QgsVectorLayer,
+    QgsWkbTypes,
+)
+
+from arcmap_documents.labels import converted
+from arcmap_documents.layers import subset
+from arcmap_documents.losses import Losses
+from arcmap_documents.reader import LegendClass, ReadError, Renderer, document_of, find_mxdinfo
+from arcmap_documents.renderers import bounds, renderer_of
+from arcmap_documents.sources import Places, existing, find, mapped
+
+
+def points(*rows: tuple[Any, ...]) -> QgsVectorLayer:
+    """A layer with the fields n (a number), t (a text) and d (a divisor)."""
+    fields = "field=n:double&field=t:string&field=d:double"
+    layer = QgsVectorLayer(f"Point?{fields}", "points", "memory")
+    for row in rows:
+        feature = QgsFeature(layer.fields())
+        feature.setAttributes(list(row))
+        layer.dataProvider().addFeatures([feature])
+    return layer
+
+
+def classes(*sizes: float, **fields: Any) -> list[LegendClass]:
+    symbols = [symbol("simple_marker", size=size) for size in sizes]
+    return [LegendClass(label=f"{each['size']:g}", symbol=each, **fields) for each in symbols]
+
+
+class Renderers(Case):
+    def drawn(self, renderer: Renderer, layer: QgsVectorLayer) -> list[Optional[float]]:
+        """The size of each feature's symbol, in the order in which they are drawn."""
+        made = renderer_of(renderer, "point", layer.fields(), self.losses)
+        layer.setRenderer(made)
+        context = QgsRenderContext()
+        context.expressionContext().setFields(layer.fields())
+        made.startRender(context, layer.fields())
+        sizes = []
+        for feature in layer.getFeatures():
+            context.expressionContext().setFeature(feature)
+            found = made.symbolForFeature(feature, context)
+            sizes.append(found.size() if found else None)
+        made.stopRender(context)
+        return sizes
+
+    def test_values_are_compared_by_the_type_of_their_field(self) -> None:
+        layer = points((1, "1", 1), (2, "2", 1), (None, "x", 1), (4.5, "4.5", 1))
+        for name in ("n", "t", "table.T"):
+            entries = classes(1, 2, 3)
+            entries[0].values = [["1"], ["4.5"]]
+            entries[1].values = [["2"]]
+            entries[2].all_other_values = True
+            found = self.drawn(Renderer("unique_values", [name], None, entries), layer)
+            self.assertEqual([1, 2, 3, 1], found, name)
+        self.assertEqual([], self.losses.all())
+
+    def test_values_of_several_fields(self) -> None:
+        layer = points((1, "a", 1), (1, "b", 1), (2, None, 1))
+        entries = classes(1, 2)
+        entries[0].values = [["1", "a"]]
+        entries[1].values = [["2", "<Null>"]]
+        renderer = Renderer("unique_values", ["n", "t"], None, entries)
+        self.assertEqual([1, None, 2], self.drawn(renderer, layer))
+
+    def test_each_value_has_the_first_range_that_is_not_below_it(self) -> None:
+        layer = points((0, "", 1), (2.6, "", 1), (2.605, "", 1), (3, "", 1), (3.1, "", 1))
+        ascending = classes(4, 6)
+        ascending[0].min, ascending[0].max = 0.0, 2.6
+        ascending[1].min, ascending[1].max = 2.61, 3.0
+        for entries in (ascending, ascending[::-1]):
+            renderer = Renderer("class_breaks", ["n"], None, entries)
+            self.assertEqual([4, 4, 6, 6, None], self.drawn(renderer, layer))
+            labels = [each.label() for each in layer.renderer().ranges()]
+            self.assertEqual([entry.label for entry in entries], labels)
+
+    def test_the_normalization_field_divides(self) -> None:
+        layer = points((10, "", 5), (10, "", 2))
+        entries = classes(4, 6)
+        entries[0].min, entries[0].max, entries[1].min, entries[1].max = 0.0, 2.0, 3.0, 5.0
+        self.assertEqual([4, 6], self.drawn(Renderer("class_breaks", ["n"], "d", entries), layer))
+
+    def test_large_markers_are_drawn_first(self) -> None:
+        layer = points((1, "", 1), (9, "", 1), (2, "", 1))
+        entries = classes(4, 6)
+        entries[0].min, entries[0].max, entries[1].min, entries[1].max = 0.0, 5.0, 6.0, 10.0
+        self.drawn(Renderer("class_breaks", ["n"], None, entries), layer)
+        self.assertTrue(layer.renderer().orderByEnabled())
+        clause = layer.renderer().orderBy().list()[0]
+        self.assertFalse(clause.ascending())
+        self.assertIn('WHEN "n" <= 5.0 THEN 4.0', clause.expression().expression())
+
+    def test_bounds_that_are_missing(self) -> None:
+        self.assertEqual({}, bounds(classes(1, 2)))
+        layer = points((1, "", 1))
+        self.drawn(Renderer("class_breaks", [], None, classes(1)), layer)
+        self.drawn(Renderer("unique_values", [], None, []), layer)
+        self.drawn(Renderer("unique_values", ["absent"], None, classes(1, values=[["a"]])), layer)
+        self.assertEqual(4, len(self.losses.all()), [loss.text() for loss in self.losses.all()])
+
+
+class Parts(Case):
+    def test_label_expressions(self) -> None:
+        cases = {
+            "[Name]": '"Name"',
+            ' [A] & ", " & [B] ': 'concat("A", \', \', "B")',
+            '[A] & vbCrLf & "it\'s ""x"""': "concat(\"A\", '\\n', 'it''s \"x\"')",
+            "UCase([A])": None,
+            "Function FindLabel ([A])": None,
+            "[A] & ": None,
+            "": None,
+        }
+        for expression, expected in cases.items():
+            self.assertEqual(expected, converted(expression, None, Losses()), expression)
+
+    def test_places_of_data(self) -> None:
+        os.makedirs(os.path.join(self.folder, "here", "Data"))
+        for name in ("here/Data/Roads.shp", "here/only.shp"):
+            with open(os.path.join(self.folder, name), "wb"):
+                pass
+        here = os.path.join(self.folder, "here")
+        document = type("D", (), {"path": os.path.join(here, "a.mxd"),
+                                  "last_saved_path": "C:\\p\\maps\\a.mxd"})()  # fmt: skip
+        roads = os.path.join(here, "Data", "Roads.shp")
+        cases = [
+            ("D:\\x\\data\\roads.shp", False, Places([("d:/X", here)]), roads),
+            ("data\\roads.shp", True, Places(), roads),
+            ("..\\here\\data\\roads.shp", True, Places(), roads),
+            ("C:\\p\\maps\\data\\roads.shp", False, Places(), roads),
+            ("E:\\other\\data\\roads.shp", False, Places(), roads),
+            (roads, False, Places(), roads),
+            ("E:\\other\\absent.shp", False, Places([], self.folder), None),
+        ]
+        for path, relative, places, expected in cases:
+            self.assertEqual(expected, find(path, relative, document, places), path)
+        document.path = os.path.join(self.folder, "b.mxd")
+        only = os.path.join(here, "only.shp")
+        self.assertEqual(only, find("E:\\ONLY.shp", False, document, Places([], self.folder)))
+        self.assertIsNone(mapped("C:\\database\\x", [("C:\\data", "/mnt")]))
+        self.assertIsNone(existing(here, ["absent"]))
+
+    def test_queries_and_versions(self) -> None:
+        self.assertEqual("\"A\" = 1 AND B = 'x'", subset("[A] = 1 AND B = 'x'"))
+        with self.assertRaises(ReadError):
+            document_of({"schema_version": 1})
+        self.assertEqual("/some/mxdinfo", find_mxdinfo("/some/mxdinfo"))
+
+
+def json_of(document: str) -> dict[str, Any]:
+    command = [MXDINFO, "-q", "-f", "json", document]
+    return json.loads(subprocess.run(command, capture_output=True, check=True).stdout)
+
+
+class Sample(Case):
+    def test_the_sample_without_its_data(self) -> None:
+        project = self.reopened(SAMPLE)
+        groups = [node.name() for node in project.layerTreeRoot().children()]
+        self.assertEqual(["Layers", "Inset"], groups)
+        rivers, towns = self.layer(project, "Rivers & canals"), self.layer(project, "Towns")
+        self.assertFalse(rivers.isValid())
+        self.assertEqual(QgsWkbTypes.LineGeometry, rivers.geometryType())
+        self.assertEqual("C:/data/base/rivers.shp", rivers.source())
+        self.assertEqual("C:/data/town.gdb|layername=towns", towns.source())
+        self.assertEqual(
+            (500000.0, 10000.0, True),
+            (rivers.minimumScale(), rivers.maximumScale(), rivers.hasScaleBasedVisibility()),
+        )
+        self.assertFalse(project.layerTreeRoot().findLayer(towns).isVisible())
+        self.assertEqual("EPSG:32633", project.crs().authid() or "EPSG:32633")
+        self.assertEqual(
+            [
+                "MarkerLine",
+                "HashLine",
+                "HashLine",
+                "SimpleLine",
+                "MarkerLine",
+                "MarkerLine",
+                "SimpleLine",
+            ],
+            [each.layerType() for each in rivers.renderer().symbol().symbolLayers()],
+        )
+        values = [each.value() for each in towns.renderer().categories()]
+        self.assertEqual(["capital, yes, 9", "town, no, 5"], values[1:])
+        ranges = self.layer(project, "Land use").renderer().ranges()
+        self.assertEqual(["little", "some", "much"], [each.label() for each in ranges])
+        self.assertEqual([10.0, 50.0, 100.0], [each.upperValue() for each in ranges])
+
+    def test_the_sample_with_data_made_for_it(self) -> None:
+        layer = QgsVectorLayer("Polygon?field=WOODS:double", "landuse", "memory")
+        options = QgsVectorFileWriter.SaveVectorOptions()
+        options.driverName = "ESRI Shapefile"
+        context = QgsProject.instance().transformContext()
+        path = os.path.join(self.folder, "landuse.shp")
+        QgsVectorFileWriter.writeAsVectorFormatV3(layer, path, context, options)
+        project = self.reopened(SAMPLE, Places([("C:\\data\\base", self.folder)]))
+        land_use = self.layer(project, "Land use")
+        self.assertTrue(land_use.isValid())
+        self.assertEqual("WOODS", land_use.renderer().classAttribute())
+
+    def test_styles_and_pictures(self) -> None:
+        result = self.convert(SAMPLE, styles=("qml", "sld"), pictures=True)
+        names = os.listdir(self.folder)
+        for name in ("sample - Towns.qml", "sample - Towns.sld", "sample - Layers.png"):
+            self.assertIn(name, names)
+        self.assertIn("SLD has no words for it", [loss.consequence for loss in result.losses])
+
+
+@unittest.skipUnless(os.path.isdir(SHARED), "no real documents beside the project")
+class RealDocuments(Case):
+    def documents(self) -> list[str]:
+        found = []
+        for place, folders, names in os.walk(SHARED):
+            folders[:] = [each for each in folders if not each.endswith(".gdb")]
+            if "hostile" not in place:
+                found += [os.path.join(place, each) for each in names if each.endswith(".mxd")]
+        return sorted(found)
+
+    def test_every_layer_is_in_the_project(self) -> None:
+        for document in self.documents():
+            with self.subTest(os.path.basename(document)):
+                project = self.reopened(document)
+                wanted = sorted(
+                    layer["name"]
+                    for each in json_of(document)["maps"]
+                    for layer in each["layers"]
+                    if layer["read"] and layer["kind"] in ("feature", "raster") and layer["source"]
+                )
+                layers = project.mapLayers().values()
+                self.assertEqual(wanted, sorted(layer.name() for layer in layers))
+                if "projects" in document:
+                    vectors = [each for each in layers if isinstance(each, QgsVectorLayer)]
+                    self.assertEqual([], [each.name() for each in vectors if not each.isValid()])
+
+
+if __name__ == "__main__":
+    unittest.main()
