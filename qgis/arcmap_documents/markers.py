@@ -61,8 +61,9 @@ def _place(layer: QgsMarkerSymbolLayer, symbol: Symbol, turned: float = 0.0) -> 
 
 
 def _shape(shape: object, size: float, fill: QColor, stroke: QColor, width: float) -> Shape:
-    """Without a stroke where its width is 0; the stroke lies outside of the size."""
-    layer = Shape(shape, size + width)
+    """Without a stroke where its width is 0. A stroke runs along the edge, half of it outside, in
+    ArcMap as in QGIS."""
+    layer = Shape(shape, size)
     layer.setSizeUnit(POINTS)
     layer.setColor(fill)
     layer.setStrokeColor(stroke)
@@ -85,7 +86,7 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
         layers = [(fill, STROKE_WIDTH)]
         if width:
             layers.insert(0, (outline, STROKE_WIDTH + 2 * width))
-        shapes = [_shape(_STYLES[style], size - w, fill, c, w) for c, w in layers]
+        shapes = [_shape(_STYLES[style], size, fill, c, w) for c, w in layers]
     else:
         shapes = [_shape(_STYLES.get(style, Shape.Circle), size, fill, outline, width)]
     for layer in shapes:
@@ -101,7 +102,7 @@ def _glyph(symbol: Symbol) -> Optional[Shape]:
     if filled:
         return _shape(shape, size, color, color, 0.0)
     width = size / 10
-    return _shape(shape, size - 2 * width, qcolor(None), color, width)
+    return _shape(shape, size - width, qcolor(None), color, width)
 
 
 def installed(family: str) -> bool:

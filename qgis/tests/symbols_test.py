@@ -67,7 +67,7 @@ class Symbols(Case):
         cases: list[tuple[str, dict[str, Any], dict[str, str]]] = [
             ("simple_marker", {"size": 8.0}, {"name": "circle", "size": "8", "color": red}),
             ("simple_marker", {"style": "square", "outline": True, "outline_width": 1.0,
-                               "outline_color": BLACK}, {"name": "square", "size": "9",
+                               "outline_color": BLACK}, {"name": "square", "size": "8",
                                                          "outline_width": "1"}),
             ("simple_marker", {"color": OFF}, {"color": none, "outline_style": "no"}),
             ("simple_marker", {"style": "diamond", "angle": 30.0}, {"angle": "-30"}),
@@ -123,7 +123,7 @@ class Symbols(Case):
         turned = {"angle": 90.0, "offset_x": 10.0, "offset_y": 5.0}
         cases: list[tuple[dict[str, Any], tuple[float, ...]]] = [
             ({"size": 20.0}, (22, 22, 42, 42)),
-            ({"size": 20.0, **outlined}, (20, 20, 44, 44)),
+            ({"size": 20.0, **outlined}, (21, 21, 43, 43)),
             ({"size": 10.0, "offset_x": 10.0, "offset_y": 5.0}, (37, 22, 47, 32)),
             ({"style": "square", "size": 10.0, **turned}, (37, 22, 47, 32)),
         ]
