@@ -60,7 +60,9 @@ def _place(layer: QgsMarkerSymbolLayer, symbol: Symbol, turned: float = 0.0) -> 
     layer.setOffsetUnit(POINTS)
 
 
-def _shape(shape: object, size: float, fill: QColor, stroke: QColor, width: float) -> Shape:
+def _shape(
+    shape: object, size: float, fill: QColor, stroke: QColor, width: float
+) -> QgsSimpleMarkerSymbolLayer:
     """Without a stroke where its width is 0. A stroke runs along the edge, half of it outside, in
     ArcMap as in QGIS."""
     layer = Shape(shape, size)
@@ -94,7 +96,7 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     return list(shapes)
 
 
-def _glyph(symbol: Symbol) -> Optional[Shape]:
+def _glyph(symbol: Symbol) -> Optional[QgsSimpleMarkerSymbolLayer]:
     if symbol["font_name"] != "ESRI Default Marker" or symbol["character"] not in _GLYPHS:
         return None
     shape, filled, share = _GLYPHS[symbol["character"]]

@@ -92,7 +92,9 @@ def categorized(
         if entry.symbol is None:
             losses.add(f"value {entry.label or entry.values}", "it has no symbol, and is not drawn")
             continue
-        values = [None] if entry.all_other_values else _categories_of(entry, names, fields)
+        values: list[Value] = (
+            [None] if entry.all_other_values else _categories_of(entry, names, fields)
+        )
         if not values:
             continue
         symbol = symbol_of(entry.symbol, geometry, losses)

@@ -8,11 +8,10 @@ import subprocess
 import unittest
 from typing import Any, Optional
 
-from support import BLACK, MXDINFO, RED, SAMPLE, SHARED, Case, symbol
+from support import MXDINFO, SAMPLE, SHARED, Case, symbol
 
 from qgis.core import (
     QgsFeature,
-    QgsFields,
     QgsProject,
     QgsRenderContext,
     QgsVectorFileWriter,

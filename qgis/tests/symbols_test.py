@@ -6,7 +6,7 @@ import math
 import unittest
 from typing import Any
 
-from support import BLACK, OFF, RED, Case, symbol, template
+from support import BLACK, OFF, Case, symbol, template
 
 from qgis.core import QgsMapSettings, QgsRenderContext, QgsSymbol
 from qgis.PyQt.QtCore import QPointF, QSize, Qt
