@@ -99,6 +99,8 @@ def add_sld_losses(layer: QgsVectorLayer, losses: Losses) -> None:
     renderer = layer.renderer()
     if renderer is None:
         return
+    if renderer.orderByEnabled():
+        losses.add("order of drawing", "SLD does not say that large markers are drawn first")
     for item in renderer.legendSymbolItems():
         symbol = item.symbol()
         for each in symbol.symbolLayers() if symbol is not None else []:
