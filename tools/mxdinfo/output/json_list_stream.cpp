@@ -17,15 +17,18 @@ std::string indented(std::string_view text, std::size_t indent) {
 }  // namespace
 
 std::string Json_list_stream::line_start(std::size_t indent) const {
-  return pretty_ ? "\n" + std::string(indent, ' ') : std::string();
+  std::string start;
+  if (pretty_) start.append(1, '\n').append(indent, ' ');
+  return start;
 }
 
 std::string Json_list_stream::element_text(const Json& value) const {
   const std::string text = dump_json(value, pretty_ ? static_cast<int>(indent_width) : -1);
   if (lists_.empty()) return text;
   const Open_list& list = lists_.back();
-  return (list.has_elements ? "," : "") + line_start(list.element_indent) +
-         (pretty_ ? indented(text, list.element_indent) : text);
+  std::string out(list.has_elements ? "," : "");
+  out.append(line_start(list.element_indent));
+  return out.append(pretty_ ? indented(text, list.element_indent) : text);
 }
 
 std::string Json_list_stream::list_end() const {
@@ -60,8 +63,9 @@ void Json_list_stream::add_end(const Json& value) {
 
 void Json_list_stream::next_list(std::string_view key) {
   Open_list& list = lists_.back();
-  out_.append_end(list_end() + "]," + line_start(list.element_indent - indent_width) + "\"" +
-                  std::string(key) + (pretty_ ? "\": [" : "\":["));
+  std::string text = list_end();
+  text.append("],").append(line_start(list.element_indent - indent_width)).append("\"");
+  out_.append_end(text.append(key).append(pretty_ ? "\": [" : "\":["));
   list.has_elements = false;
 }
 
