@@ -62,7 +62,8 @@ Json label_json(const Label_class& label) {
   Json json = {{"expression", utf8(label.expression)}, {"color", nullptr}, {"font", nullptr}};
   if (label.color) json["color"] = color_hex(*label.color);
   if (label.font) {
-    json["font"] = {{"name", text_or_null(utf8(label.font->name))}, {"size", label.font->size_in_points}};
+    json["font"] = {{"name", text_or_null(utf8(label.font->name))},
+                    {"size", label.font->size_in_points}};
   }
   return json;
 }
