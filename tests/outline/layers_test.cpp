@@ -55,7 +55,7 @@ std::vector<Case> cases() {
       {"again, in no list",
        Bytes(known).add(map_list({a})).reference(Tmxd_feature_layer::clsid, 10), "a, *&", 1},
       {"elsewhere", Bytes(known).i32(3).zeros(40), "", 3, 3},
-      {"elsewhere, but for all that is known no list",
+      {"in another place, where nothing else shows that it is a list",
        Bytes(text("")).null_object().i32(3).zeros(40), ""},
       {"cut after the first", Bytes(known).i32(3).add(map_entries({a})).u16(2).i32(99).i32(1), "a",
        3, 2},
