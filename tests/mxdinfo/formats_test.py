@@ -1,6 +1,7 @@
 """The forms of the output agree with each other and with their descriptions."""
 
 import csv
+import glob
 import io
 import json
 import os
@@ -9,7 +10,7 @@ import subprocess
 import unittest
 
 import documents
-from support import MXDINFO, SAMPLE, SAMPLES, SCHEMA, Case, legend_classes, schema_errors
+from support import MAKE_SAMPLE, MXDINFO, SAMPLE, SAMPLES, SCHEMA, Case, legend_classes, schema_errors
 
 GOLDEN = {
     "tree.txt": [],
@@ -22,6 +23,16 @@ GOLDEN = {
     "layers.csv": ["-f", "csv"],
     "document.json": ["-f", "json"],
     "page.html": ["-f", "html"],
+}
+# Of a document with layers that are not decoded, labels and losses.
+LISTED_GOLDEN = {
+    "listed.txt": [],
+    "listed_losses.txt": ["--losses"],
+    "listed_losses.csv": ["--losses", "-f", "csv"],
+    "listed_losses.json": ["--losses", "-f", "json"],
+    "listed.csv": ["-f", "csv"],
+    "listed.json": ["-f", "json"],
+    "listed.html": ["-f", "html"],
 }
 
 
@@ -64,11 +75,15 @@ class Formats(Case):
         self.assertEqual([], self.json_of("empty"))
 
     def test_outputs_are_as_committed(self):
-        folder, name = os.path.split(SAMPLE)
-        for golden, arguments in GOLDEN.items():
+        folder, sample = os.path.split(SAMPLE)
+        subprocess.run([MAKE_SAMPLE, "listed", os.path.join(self.folder, "listed.mxd")], check=True)
+        runs = [(golden, arguments, sample, folder) for golden, arguments in GOLDEN.items()]
+        runs += [(golden, arguments, "listed.mxd", self.folder)
+                 for golden, arguments in LISTED_GOLDEN.items()]
+        for golden, arguments, name, where in runs:
             with self.subTest(golden):
                 text = subprocess.run([MXDINFO, "-q", *arguments, name], capture_output=True,
-                                      check=True, cwd=folder).stdout.decode()
+                                      check=True, cwd=where).stdout.decode()
                 text = re.sub(r'(mxdinfo |"version": ")[0-9.]+', r"\1VERSION", text)
                 text = re.sub(r"<style>.*?</style>", "<style></style>", text, flags=re.DOTALL)
                 path = os.path.join(os.path.dirname(folder), "tests", "golden", "mxdinfo", golden)
@@ -80,7 +95,7 @@ class Formats(Case):
 
     def test_the_page_has_a_swatch_for_each_legend_class(self):
         page = self.page_of(SAMPLE)
-        self.assertEqual(legend_classes(self.json_of(SAMPLE)), page.swatches)
+        self.assertEqual(len(legend_classes(self.json_of(SAMPLE))), page.swatches)
 
     def test_options_are_documented(self):
         options = set(re.findall(r"--[a-z-]+", self.run_mxdinfo("--help")[0]))
@@ -113,6 +128,9 @@ class Samples(Case):
         for row in table:
             with self.subTest(row["file"]):
                 self.check(row, os.path.join(SAMPLES, row["file"]))
+        for path in sorted(glob.glob(os.path.join(SAMPLES, "../projects/*/*.mxd"))):
+            with self.subTest(path):
+                self.check_ranges(self.json_of(path))
 
     def check(self, row, path):
         document = self.json_of(path)
@@ -122,7 +140,19 @@ class Samples(Case):
         rows = list(csv.reader(io.StringIO(self.run_mxdinfo("-q", "-f", "csv", path)[0])))
         layers = sum(len(each["layers"]) for each in document["maps"])
         self.assertEqual([len(rows[0])] * (layers + 1), [len(r) for r in rows])
-        self.assertEqual(legend_classes(document), self.page_of(path).swatches)
+        self.assertEqual(len(legend_classes(document)), self.page_of(path).swatches)
+        self.check_ranges(document)
+
+    def check_ranges(self, document):
+        """A label of two numbers shows the class's range: its ends are rounded, and the lower
+        one is often the last digit's next number."""
+        number = r"(-?[0-9][0-9.,]*)"
+        for item in legend_classes(document, "class_breaks"):
+            match = re.fullmatch(number + " - " + number, item["label"])
+            for text, limit in zip(match.groups() if match else (), (item["min"], item["max"])):
+                digits = len(text.rpartition(".")[2]) if "." in text else 0
+                shown = float(text.replace(",", ""))
+                self.assertAlmostEqual(shown, limit, delta=1.51 * 10**-digits, msg=item["label"])
 
 
 if __name__ == "__main__":

@@ -13,6 +13,7 @@ MXDINFO = os.environ["MXDINFO"]
 SAMPLE = os.environ["SAMPLE"]
 SCHEMA = os.environ["SCHEMA"]
 SAMPLES = os.environ["SAMPLES"]
+MAKE_SAMPLE = os.environ["MAKE_SAMPLE"]
 
 VOID_TAGS = {"meta", "rect", "circle", "path"}
 
@@ -77,10 +78,11 @@ class Page(html.parser.HTMLParser):
         self.texts.append(data)
 
 
-def legend_classes(document):
-    """How many classes the legends of a document's JSON have."""
-    layers = [layer for map_ in document["maps"] for layer in map_["layers"]]
-    return sum(len(layer["renderer"]["classes"]) for layer in layers if layer["renderer"])
+def legend_classes(document, kind=None):
+    """The classes of all legends, or of those of one kind of renderer."""
+    renderers = [layer["renderer"] for map_ in document["maps"] for layer in map_["layers"]]
+    return [item for renderer in renderers if renderer and kind in (None, renderer["kind"])
+            for item in renderer["classes"]]
 
 
 def schema_errors(document):

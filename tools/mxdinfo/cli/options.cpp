@@ -110,7 +110,7 @@ void add_views(CLI::App& app, Raw_options& raw) {
   views->add_flag("--sources", raw.sources, "the data sources and who uses them");
   views->add_flag("--crs", raw.coordinate_systems, "the coordinate systems and who uses them");
   views->add_flag("--symbols", raw.symbols, "the legends, each symbol with its layers");
-  views->add_flag("--losses", raw.losses, "what could not be read, a line each (text, csv)");
+  views->add_flag("--losses", raw.losses, "what could not be read (text, csv, json, ndjson)");
   views
       ->add_option("--find-source", raw.options.find_source,
                    "the layers whose data source contains TEXT, capitals or not (text, csv)")
@@ -165,7 +165,9 @@ void check(const Options& options) {
   }
   const bool text = options.format == Format::text;
   const bool table = text || options.format == Format::csv;
-  if (options.view == View::losses && !table) wrong("--losses", "goes with text and csv");
+  if (options.view == View::losses && (single_document_format || options.format == Format::html)) {
+    wrong("--losses", "goes with text, csv, json and ndjson");
+  }
   if (options.view != View::tree && options.view != View::losses && !text) {
     wrong("--format", "views are of the text");
   }

@@ -123,6 +123,25 @@ std::string coordinate_system_text_line(const Tmxd_coordinate_system& system) {
   return code ? fmt::format("{} (EPSG {})", name, *code) : name;
 }
 
+std::optional<bool> differs_from_map(const Listed_layer& layer) {
+  const auto* map_system = layer.map->map->coordinate_system.get();
+  const auto* system = layer.layer() ? coordinate_system_of(*layer.layer()) : nullptr;
+  if (!system || !map_system) return std::nullopt;
+  const std::string_view wkt = system->get_wkt();
+  const std::string_view map_wkt = map_system->get_wkt();
+  if (wkt.empty() || map_wkt.empty()) return std::nullopt;
+  const auto code = epsg_code(wkt);
+  const auto map_code = epsg_code(map_wkt);
+  return code && map_code ? code != map_code : wkt != map_wkt;
+}
+
+std::string coordinate_system_text_line(const Listed_layer& layer) {
+  const auto* system = layer.layer() ? coordinate_system_of(*layer.layer()) : nullptr;
+  if (!system) return {};
+  const char* note = differs_from_map(layer).value_or(false) ? ", not the map's" : "";
+  return coordinate_system_text_line(*system) + note;
+}
+
 std::string extent_text(const Extent& extent) {
   return fmt::format("{:.10g}, {:.10g} to {:.10g}, {:.10g}", extent.xmin, extent.ymin, extent.xmax,
                      extent.ymax);

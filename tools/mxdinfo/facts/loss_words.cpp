@@ -37,4 +37,17 @@ Loss_words loss_words(std::string_view type) {
   return found->words;
 }
 
+Loss_words loss_words(mxd::Layer_kind kind) {
+  switch (kind) {
+    case mxd::Layer_kind::basemap:
+      return {"layer", "it is a basemap layer: only its name and its members' names are read"};
+    case mxd::Layer_kind::map_service:
+      return {"layer", "it is a map service layer: only its name is read"};
+    case mxd::Layer_kind::image_service:
+      return {"layer", "it is an image service layer: only its name is read"};
+    default:
+      return {"layer", "its kind is not known: only its name is read"};
+  }
+}
+
 }  // namespace mxdinfo

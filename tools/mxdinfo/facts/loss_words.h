@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "outline/outline.h"
+
 namespace mxdinfo {
 
 struct Loss_words {
@@ -14,5 +16,8 @@ struct Loss_words {
 
 // By the type of the object that could not be read, as "mxd_legend_group".
 Loss_words loss_words(std::string_view type);
+
+// Of a layer whose kind is not decoded.
+Loss_words loss_words(mxd::Layer_kind kind);
 
 }  // namespace mxdinfo

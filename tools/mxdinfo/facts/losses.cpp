@@ -50,7 +50,7 @@ void add_layer_losses(std::vector<Loss>& losses, const Errors& errors, const Lis
     if (is_possible_scale(layer->min_scale) && is_possible_scale(layer->max_scale)) return;
     losses.push_back({listed.map, listed, {"scales", "they are impossible numbers and not shown"}});
   } else if (!record.read_failed()) {
-    losses.push_back({listed.map, listed, {"layer", "its kind is not decoded"}});
+    losses.push_back({listed.map, listed, loss_words(record.kind())});
   } else {
     const auto error = first_from(errors, record.position);
     if (error != errors.end() && position_of(*error) == record.position) return;
@@ -58,8 +58,15 @@ void add_layer_losses(std::vector<Loss>& losses, const Errors& errors, const Lis
   }
 }
 
+// Where the loss is in the stream; missing layers come last.
+std::uint64_t position_of(const Loss& loss) {
+  if (loss.error) return position_of(loss.error);
+  return loss.layer ? loss.layer->record().position : loss.map->end;
+}
+
 void add_map_losses(std::vector<Loss>& losses, const Errors& errors, const Map_outline& map) {
   const auto layers = listed_layers(map);
+  const auto first = static_cast<std::ptrdiff_t>(losses.size());
   auto error = first_from(errors, map.position);
   for (; error != errors.end() && position_of(*error) < map.end; ++error) {
     losses.push_back(loss_of(map, layer_at(layers, position_of(*error)), *error));
@@ -68,6 +75,8 @@ void add_map_losses(std::vector<Loss>& losses, const Errors& errors, const Map_o
   if (map.missing_layers() > 0) {
     losses.push_back({&map, std::nullopt, {"layers", "some that the map counts were not found"}});
   }
+  std::stable_sort(losses.begin() + first, losses.end(),
+                   [](const Loss& a, const Loss& b) { return position_of(a) < position_of(b); });
 }
 
 }  // namespace

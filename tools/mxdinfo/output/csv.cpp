@@ -20,11 +20,17 @@ using namespace mxd;
 constexpr std::string_view header =
     "document,map,group,layer,kind,visible,min_scale,max_scale,dataset,feature_dataset,"
     "dataset_type,workspace,geometry,coordinate_system,map_coordinate_system,renderer,fields,"
-    "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes\n";
+    "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes,"
+    "differs_from_map\n";
 
 std::string scale(double denominator) {
   const bool shown = denominator != 0 && is_possible_scale(denominator);
   return shown ? fmt::format("{:.10g}", denominator) : std::string();
+}
+
+std::string true_or_false(std::optional<bool> value) {
+  if (!value) return {};
+  return *value ? "true" : "false";
 }
 
 std::string epsg(const Tmxd_coordinate_system* system) {
@@ -38,12 +44,9 @@ std::string name_cell(const Tmxd_coordinate_system* system) {
 
 // The cells from "visible" to "legend_classes", which only decoded layers have.
 std::vector<std::string> decoded_cells(const Tmxd_layer& layer, const Map_outline& map) {
-  const auto shown = visible(layer);
   const Source source = source_of(layer);
   const auto* renderer = renderer_of(layer);
-  return {!shown   ? ""
-          : *shown ? "true"
-                   : "false",
+  return {true_or_false(visible(layer)),
           scale(layer.min_scale),
           scale(layer.max_scale),
           csv_cell(source.dataset),
@@ -77,6 +80,7 @@ std::string row(const Report& report, const Listed_layer& listed) {
   cells.push_back(csv_cell(utf8(facts.normalization_field.value_or(Wide_string()))));
   cells.emplace_back(layer ? "true" : "false");
   cells.push_back(record.length == 0 ? "" : fmt::format("{}", record.length));
+  cells.push_back(true_or_false(differs_from_map(listed)));
   return fmt::format("{}\n", fmt::join(cells, ","));
 }
 

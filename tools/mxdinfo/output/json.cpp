@@ -91,6 +91,7 @@ Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indi
   const Layer_record& record = listed.record();
   const Tmxd_layer* layer = listed.layer();
   const auto shown = layer ? visible(*layer) : std::nullopt;
+  const auto differs = differs_from_map(listed);
   const auto* renderer = layer ? renderer_of(*layer) : nullptr;
   return {{"kind", kind_word(record.kind())},
           {"name", name_of(record)},
@@ -104,6 +105,7 @@ Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indi
           {"source", layer ? source_json(*layer) : Json(nullptr)},
           {"coordinate_system",
            layer ? coordinate_system_json(coordinate_system_of(*layer)) : Json(nullptr)},
+          {"differs_from_map", differs ? Json(*differs) : Json(nullptr)},
           {"definition_query", wide_or_null(record.facts.definition_query)},
           {"display_field", layer ? text_or_null(display_field_of(*layer)) : Json(nullptr)},
           {"labels", labels_json(record.facts.labels)},
@@ -168,6 +170,10 @@ void write_losses(Json_list_stream& out, const Report& report) {
   out.add_end(loss_json(cut));
 }
 
+Json file_json(const Report& report) {
+  return {{"path", report.name}, {"size", report.size}};
+}
+
 // Up to the list of maps.
 Json document_json(const Report& report) {
   const Document_facts& facts = report.outline.document;
@@ -176,7 +182,7 @@ Json document_json(const Report& report) {
   std::replace(date.begin(), date.end(), ' ', 'T');
   return {{"schema_version", schema_version},
           {"tool", {{"name", "mxdinfo"}, {"version", MXDINFO_VERSION}}},
-          {"file", {{"path", report.name}, {"size", report.size}}},
+          {"file", file_json(report)},
           {"readable", report.failure.empty()},
           {"reason", text_or_null(report.failure)},
           {"title", text_or_null(utf8(properties.title))},
@@ -202,16 +208,29 @@ void write_document(Json_list_stream& out, const Report& report) {
   out.close();
 }
 
+void write_losses_alone(Json_list_stream& out, const Report& report) {
+  if (!out.open({{"file", file_json(report)},
+                 {"readable", report.failure.empty()},
+                 {"reason", text_or_null(report.failure)},
+                 {"losses", Json::array()}})) {
+    return;
+  }
+  write_losses(out, report);
+  out.close();
+}
+
 class Json_writer final : public Report_writer {
  public:
   explicit Json_writer(const Options& options)
-      : lines_(options.format == Format::ndjson), single_(options.single) {}
+      : lines_(options.format == Format::ndjson),
+        single_(options.single),
+        losses_alone_(options.view == View::losses) {}
 
   std::string begin() const override { return in_array() ? "[" : ""; }
 
   Written_document document(const Report& report) const override {
     Json_list_stream out(max_output_size(report), !lines_);
-    write_document(out, report);
+    losses_alone_ ? write_losses_alone(out, report) : write_document(out, report);
     const std::string text = out.take();
     if (!in_array()) return {text + "\n", !out.is_full()};
     return {(report.index == 0 ? "\n" : ",\n") + text, !out.is_full()};
@@ -226,6 +245,7 @@ class Json_writer final : public Report_writer {
 
   bool lines_;
   bool single_;
+  bool losses_alone_;
 };
 
 }  // namespace

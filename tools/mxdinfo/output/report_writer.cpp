@@ -20,11 +20,11 @@ std::unique_ptr<Report_writer> make_dump_writer() {
 }
 
 std::unique_ptr<Report_writer> make_writer(const Options& options) {
+  if (options.format == Format::json || options.format == Format::ndjson) {
+    return make_json_writer(options);
+  }
   if (options.view == View::losses) return make_loss_writer(options);
   switch (options.format) {
-    case Format::json:
-    case Format::ndjson:
-      return make_json_writer(options);
     case Format::csv:
       return make_csv_writer(options);
     case Format::html:
@@ -32,6 +32,8 @@ std::unique_ptr<Report_writer> make_writer(const Options& options) {
     case Format::dump:
       return make_dump_writer();
     case Format::xml:  // written by the library
+    case Format::json:
+    case Format::ndjson:
     case Format::text:
       break;
   }

@@ -57,21 +57,20 @@ class Tree {
                                     lines_.bold(escape_controls(name_of(listed.record()))),
                                     kind_text(listed.record())));
     if (!layer) return;
-    if (shows_everything()) append_details(indent + 6, listed.record(), *layer);
+    if (shows_everything()) append_details(indent + 6, listed, *layer);
     if (const auto* renderer = renderer_of(*layer)) {
       append_drawing(indent + 6, *renderer, listed.record().facts);
     }
   }
 
-  void append_details(std::size_t indent, const Layer_record& record, const Tmxd_layer& layer) {
+  void append_details(std::size_t indent, const Listed_layer& listed, const Tmxd_layer& layer) {
+    const Layer_record& record = listed.record();
     lines_.detail(indent, "data", source_of(layer).text());
     lines_.detail(indent, "scales", scales_text(layer));
     lines_.detail(indent, "query", utf8(record.facts.definition_query.value_or(Wide_string())));
     lines_.detail(indent, "labels", labels_text(record));
     lines_.detail(indent, "display field", display_field_of(layer));
-    if (const auto* system = coordinate_system_of(layer)) {
-      lines_.detail(indent, "coordinate system", coordinate_system_text_line(*system));
-    }
+    lines_.detail(indent, "coordinate system", coordinate_system_text_line(listed));
   }
 
   void append_drawing(std::size_t indent, const Tmxd_renderer& renderer,
