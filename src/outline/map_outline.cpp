@@ -40,11 +40,7 @@ std::optional<Wide_string> read_image_service_name(Byte_view& bytes) {
 std::optional<Wide_string> read_name(Byte_view& bytes, Layer_kind kind) {
   if (kind == Layer_kind::image_service) return read_image_service_name(bytes);
   if (kind == Layer_kind::raster && !bytes.skip(2)) return std::nullopt;
-  const Byte_view start(bytes);
-  auto name = read_text(bytes);
-  if (name || kind != Layer_kind::unknown) return name;
-  bytes = start;
-  return bytes.skip(2) ? read_text(bytes) : std::nullopt;
+  return read_text(bytes);
 }
 
 // Where a string that begins at `start` ends, or nothing if it does not end before `end`.
@@ -126,15 +122,22 @@ class Reader {
     records_.push_back(std::move(record));
   }
 
+  // In some unknown kinds a word comes before the name.
+  Wide_string name_of(std::uint64_t position, std::uint64_t end, Layer_kind kind) {
+    auto name = name_at(position, end, kind);
+    if (!name && kind == Layer_kind::unknown) name = name_at(position + 2, end, kind);
+    return name.value_or(Wide_string());
+  }
+
   // Layers of unlisted groups may overlap, and their names with them. All names together are read
   // from no more bytes than the map has.
-  Wide_string name_of(std::uint64_t position, std::uint64_t end, Layer_kind kind) {
+  std::optional<Wide_string> name_at(std::uint64_t position, std::uint64_t end, Layer_kind kind) {
     Byte_view bytes = stream_.view(position, std::min(end, position + name_bytes_left_));
-    const auto name = read_name(bytes, kind);
+    auto name = read_name(bytes, kind);
     const std::uint64_t bytes_read = bytes.tell() - position;
     name_bytes_left_ -= bytes_read;
     stream_.count(bytes_read);
-    return name.value_or(Wide_string());
+    return name;
   }
 
   // Members are added at the end, and so looked at in turn.
