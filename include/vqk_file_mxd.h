@@ -10,29 +10,31 @@
  * Handles and texts stay valid until their document is loaded again or destroyed.
  *
  * @par Objects
- * Maps, layers, symbols, colors, renderers, names, coordinate systems, line templates, legend
- * groups and legend classes are objects: VQ_MXD_OBJ(handle) converts their handles to vq_mxd_obj,
- * which the vq_mxd_obj_get_ functions take. Lists, fonts, ranges, unique values and line template
- * items are not objects. A cast function returns the handle of the concrete class, or null if the
- * object is of another class.
+ * Maps, layers, symbols, colors, renderers, feature class names, workspace names, coordinate
+ * systems, line templates, legend groups and legend classes are objects: VQ_MXD_OBJ(handle)
+ * converts their handles to vq_mxd_obj, which the vq_mxd_obj_get_ functions take. Lists, fonts,
+ * ranges, unique values and line template items are not objects. A cast function returns the handle
+ * of the concrete class, or null if the object is of another class.
  *
  * @par Null
- * A getter of an object returns null if the document holds no such object. Lists, records and
- * embedded objects are never null. Only vq_mxd_mxd_destroy() and the casts accept null.
+ * A getter that returns an object returns null if none was found: the document contains none, or
+ * one of a class that this library does not know. Lists, records (fonts and ranges) and embedded
+ * objects (workspace names, line templates, and the legend groups of renderers) are never null. As
+ * arguments, only vq_mxd_mxd_destroy() and the casts accept null.
  *
  * @par Texts
  * Texts are NUL-terminated and owned by their object. They are UTF-16 (vq_mxd_char: wchar_t on
  * Windows, char16_t elsewhere), or 8-bit where the type is char. A text that was not read is empty.
- * Paths are UTF-16 on all platforms.
+ * Paths are UTF-16 on all platforms; outside Windows they are converted to UTF-8.
  *
  * @par Numbers
  * A number that was not read is 0. Numbers are returned exactly as stored unless the function says
  * otherwise.
  *
  * @par Errors
- * Loading succeeds as soon as the file is a map document, even if parts of it cannot be decoded.
- * Each object that cannot be read is reported as one line on standard output: "ERROR IN", its
- * number, its type and its position in the stream. No function throws.
+ * Loading succeeds if the file is a map document, even if parts of it cannot be decoded. While
+ * loading, each object that cannot be read is reported as one line on standard output: "ERROR IN",
+ * its number, its class and the offset of its first byte in the stream. No function throws.
  *
  * @par Threads
  * There is no locking. A document and its tree may be used by one thread at a time, even for
@@ -45,11 +47,11 @@
 
 /** @name Version of this header */ /** @{ */
 
-/** Changes when hosts have to be compiled again or adapted. */
+/** Raised when hosts must be recompiled or changed. */
 #define VQK_FILE_MXD_VERSION_MAJOR 1
-/** Changes when functions are added. */
+/** Raised when functions are added. */
 #define VQK_FILE_MXD_VERSION_MINOR 0
-/** Changes when only the behavior is corrected. */
+/** Raised for bug fixes that leave the interface unchanged. */
 #define VQK_FILE_MXD_VERSION_PATCH 0
 /** The version as one number for comparisons: 10203 is version 1.2.3. */
 #define VQK_FILE_MXD_VERSION                                               \
@@ -99,12 +101,12 @@ typedef struct vq_mxd_layers vq_mxd_layers;
 typedef struct vq_mxd_layer vq_mxd_layer;
 /** A layer that groups other layers. */
 typedef struct vq_mxd_group_layer vq_mxd_group_layer;
-/** A layer of points, lines or areas. */
+/** A layer that shows the points, lines or polygons of a feature class. */
 typedef struct vq_mxd_feature_layer vq_mxd_feature_layer;
 
-/** The name of a feature class: the data that a layer shows. */
+/** A name object that refers to a feature class, the data of a layer. */
 typedef struct vq_mxd_basic_feature_class_name vq_mxd_basic_feature_class_name;
-/** The name of a workspace: the folder or database that holds the data. */
+/** A name object that refers to a workspace, the folder or database with the data. */
 typedef struct vq_mxd_workspace_name vq_mxd_workspace_name;
 
 /** A renderer of any class: how the features of a layer are drawn. */
@@ -113,7 +115,7 @@ typedef struct vq_mxd_renderer vq_mxd_renderer;
 typedef struct vq_mxd_simple_renderer vq_mxd_simple_renderer;
 /** A renderer with one symbol per value of one to three fields. */
 typedef struct vq_mxd_unique_value_renderer vq_mxd_unique_value_renderer;
-/** A renderer with one symbol per range of the values of a field. */
+/** A renderer with one symbol per range of values of a field. */
 typedef struct vq_mxd_class_breaks_renderer vq_mxd_class_breaks_renderer;
 
 /** A part of a legend: a heading and legend classes. */
@@ -186,13 +188,15 @@ VQ_MXD_API vq_mxd_mxd* vq_mxd_mxd_create(void);
 /** Frees the document and everything below it. Null is ignored. */
 VQ_MXD_API void vq_mxd_mxd_destroy(vq_mxd_mxd* document);
 
-/** Discards the current content, then loads the file. Returns 1 if the file is a map document (even
-   one without maps); 0 if it cannot be opened, is not a map document or memory runs out. The
-   document is then empty and can be loaded again. */
+/** Discards the current content, then loads the file. Returns 1 if the file is a map document, even
+   one without maps. Returns 0 if the file cannot be opened, is not a map document or is too damaged
+   to find its maps, or if memory runs out; the document is then empty and can be loaded again. */
 VQ_MXD_API int vq_mxd_mxd_load(vq_mxd_mxd* document, const vq_mxd_char* path);
 
-/** Writes the whole tree to the file as XML, encoded in windows-1251. Returns 1 if the file could
-   be opened, otherwise 0. Write errors after that, such as a full disk, are not reported. */
+/** Writes the whole tree to the file as XML, replacing an existing file. The XML is declared as
+   windows-1251 and encoded in it; on Windows it is encoded in the system's ANSI code page instead.
+   Characters outside the encoding are replaced. Returns 1 if the file could be opened, otherwise 0.
+   Write errors after that, such as a full disk, are not reported. */
 VQ_MXD_API int vq_mxd_mxd_save_xml(const vq_mxd_mxd* document, const vq_mxd_char* path);
 
 /** Returns the maps of the document; never null, empty before the first load. */
@@ -201,21 +205,26 @@ VQ_MXD_API const vq_mxd_maps* vq_mxd_mxd_get_maps(const vq_mxd_mxd* document);
 /** Returns the number of maps. */
 VQ_MXD_API int64_t vq_mxd_maps_get_size(const vq_mxd_maps* maps);
 
-/** Returns the map at the index. The index is not checked; it must be in [0, size). */
+/** Returns the map at the index. Unlike in the other lists, the index is not checked: it must be in
+   [0, size). */
 VQ_MXD_API const vq_mxd_map* vq_mxd_maps_get(const vq_mxd_maps* maps, int32_t index);
 /** @} */
 
 /** @name Any object */ /** @{ */
 
-/** Returns 0 for an embedded object that the document does not hold, otherwise 1. The embedded
-   objects of a back-reference always return 1. */
+/** Returns 0 if this is an embedded object that the document does not contain; its getters then
+   return 0 or empty. Otherwise returns 1. Inside a back-reference it is always 1, even if the
+   original does not exist. */
 VQ_MXD_API int vq_mxd_obj_get_exists(const vq_mxd_obj* object);
 
-/** Returns 1 if the object is only a back-reference to one stored earlier, otherwise 0. */
+/** Returns 1 if the object is a back-reference to an object stored earlier, otherwise 0. If it is a
+   symbol, color, name, coordinate system or line template, it has the content of that object. If it
+   is a map, layer, renderer, legend group or legend class, it is empty; skip it. */
 VQ_MXD_API int vq_mxd_obj_get_repeat(const vq_mxd_obj* object);
 
-/** Returns the object's number in the document. Objects with the same number are the same stored
-   object. Objects inside a back-reference have number 0. */
+/** Returns the object's number in the document. Objects with the same number other than 0 are the
+   same stored object. Objects inside a back-reference, and objects that were not read, have
+   number 0. */
 VQ_MXD_API unsigned int vq_mxd_obj_get_number(const vq_mxd_obj* object);
 
 /** Returns the name of the object's class, such as "mxd_simple_line_symbol". ASCII. */
@@ -231,14 +240,14 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_map_get_name(const vq_mxd_map* map);
    null. */
 VQ_MXD_API const vq_mxd_layers* vq_mxd_map_get_layers(const vq_mxd_map* map);
 
-/** Returns the coordinate system of the map display, or null. */
+/** Returns the coordinate system of the map (data frame), or null. */
 VQ_MXD_API const vq_mxd_coordinate_system* vq_mxd_map_get_coordinate_system(const vq_mxd_map* map);
 /** @} */
 
 /** @name Coordinate system */ /** @{ */
 
-/** Returns the coordinate system as well-known text, in the 8-bit encoding of the document; empty
-   for an unknown coordinate system. */
+/** Returns the coordinate system as Esri well-known text (WKT 1), in the code page of the program
+   that wrote the document; empty for an unknown coordinate system. */
 VQ_MXD_API const char* vq_mxd_coordinate_system_get_wkt(const vq_mxd_coordinate_system* system);
 /** @} */
 
@@ -262,26 +271,26 @@ VQ_MXD_API const vq_mxd_feature_layer* vq_mxd_layer_cast_feature_layer(const vq_
 /** Returns the layer's name; empty for graphics layers. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_layer_get_layer_name(const vq_mxd_layer* layer);
 
-/** Returns the name of the layer type, as stored; empty except for feature layers. */
+/** Returns the name of the layer type, such as "Feature Layer"; empty except for feature layers. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_layer_get_layer_type_name(const vq_mxd_layer* layer);
 
-/** Returns non-zero if the layer is visible. Stored for group and feature layers only, 0 for
-   others. */
+/** Returns non-zero if the layer is switched on. Known for group and feature layers only; 0 for all
+   other layers, even if they are switched on. */
 VQ_MXD_API uint16_t vq_mxd_layer_get_visible(const vq_mxd_layer* layer);
 
-/** Returns the denominator of the smallest scale at which the layer is drawn; 0 if there is no
-   limit. Stored for feature layers only. */
+/** Returns the denominator of the smallest scale at which the layer is drawn, such as 500000 for
+   1:500000; 0 if there is no limit. Known for feature layers only, otherwise 0. */
 VQ_MXD_API double vq_mxd_layer_get_min_scale(const vq_mxd_layer* layer);
 
-/** Returns the denominator of the largest scale at which the layer is drawn; 0 if there is no
-   limit. Stored for feature layers only. */
+/** Returns the denominator of the largest scale at which the layer is drawn, such as 10000 for
+   1:10000; 0 if there is no limit. Known for feature layers only, otherwise 0. */
 VQ_MXD_API double vq_mxd_layer_get_max_scale(const vq_mxd_layer* layer);
 /** @} */
 
 /** @name Group layer */ /** @{ */
 
-/** Returns the number of layers in the group. They follow the group in the map's list. A group
-   among them counts as one. */
+/** Returns the number of direct members of the group, which follow it in the map's list, as stored.
+   A nested group counts as one; its own members follow it and are not counted. */
 VQ_MXD_API uint32_t vq_mxd_group_layer_get_layer_count(const vq_mxd_group_layer* layer);
 /** @} */
 
@@ -318,7 +327,8 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_type_name1(
 VQ_MXD_API const vq_mxd_char* vq_mxd_basic_feature_class_name_get_type_name2(
     const vq_mxd_basic_feature_class_name* name);
 
-/** Returns the number of the geometry type, as stored. */
+/** Returns the geometry type, as stored: 1 point, 2 multipoint, 3 polyline, 4 polygon,
+   9 multipatch. */
 VQ_MXD_API uint32_t
 vq_mxd_basic_feature_class_name_get_geom_type(const vq_mxd_basic_feature_class_name* name);
 /** @} */
@@ -357,7 +367,8 @@ VQ_MXD_API const vq_mxd_legend_group* vq_mxd_simple_renderer_get_legend_group(
 
 /** @name Unique value renderer */ /** @{ */
 
-/** Returns the number of fields whose values are combined, as stored. */
+/** Returns the number of fields whose values are combined, as stored. Only the names of
+   the first three are available. */
 VQ_MXD_API uint32_t
 vq_mxd_unique_value_renderer_get_propname_count(const vq_mxd_unique_value_renderer* renderer);
 
@@ -373,17 +384,17 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_unique_value_renderer_get_propname2(
 VQ_MXD_API const vq_mxd_char* vq_mxd_unique_value_renderer_get_propname3(
     const vq_mxd_unique_value_renderer* renderer);
 
-/** Returns the default symbol, for features that have none of the values, or null. */
+/** Returns the symbol of all other values, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_unique_value_renderer_get_symbol(
     const vq_mxd_unique_value_renderer* renderer);
 
-/** Returns the legend group stored first; never null. It is the legend of the features that have
-   none of the values. In a document without such a legend it is the legend of the values. */
+/** Returns the first of the renderer's legend groups; never null. If the renderer has two, this is
+   the legend of all other values. If it has only one, this is the legend of the values. */
 VQ_MXD_API const vq_mxd_legend_group* vq_mxd_unique_value_renderer_get_other_leg_grp(
     const vq_mxd_unique_value_renderer* renderer);
 
-/** Returns the legend group stored second, the legend of the values; never null.
-   vq_mxd_obj_get_exists() returns 0 for it if the document has only the first. */
+/** Returns the second of the renderer's legend groups, the legend of the values; never null.
+   vq_mxd_obj_get_exists() returns 0 for it if the renderer has only one group. */
 VQ_MXD_API const vq_mxd_legend_group* vq_mxd_unique_value_renderer_get_main_leg_grp(
     const vq_mxd_unique_value_renderer* renderer);
 
@@ -404,7 +415,7 @@ VQ_MXD_API const vq_mxd_unique_value* vq_mxd_unique_values_get(const vq_mxd_uniq
 
 /** @name Unique value */ /** @{ */
 
-/** Returns the value as text. Values of several fields are joined as the document holds them. */
+/** Returns the value as text; with several fields, their values in one text, as stored. */
 VQ_MXD_API const vq_mxd_char* vq_mxd_unique_value_get_str(const vq_mxd_unique_value* value);
 
 /** Returns the first of three numbers of unknown meaning, as stored. */
@@ -516,10 +527,10 @@ VQ_MXD_API const vq_mxd_multilayer_fill_symbol* vq_mxd_symbol_cast_multilayer_fi
 VQ_MXD_API const vq_mxd_simple_fill_symbol* vq_mxd_symbol_cast_simple_fill(
     const vq_mxd_symbol* symbol);
 
-/** Returns 0 if this symbol is a layer that its multilayer symbol has switched off, otherwise 1. */
+/** Returns 0 if this symbol is a switched-off layer of a multilayer symbol, otherwise 1. */
 VQ_MXD_API uint8_t vq_mxd_symbol_get_enabled(const vq_mxd_symbol* symbol);
 
-/** Returns 1 if this symbol is a layer that its multilayer symbol has locked, otherwise 0. */
+/** Returns 1 if this symbol is a locked layer of a multilayer symbol, otherwise 0. */
 VQ_MXD_API uint8_t vq_mxd_symbol_get_locked(const vq_mxd_symbol* symbol);
 
 /** Returns the tag of this symbol as a layer of a multilayer symbol; often empty. */
@@ -531,18 +542,18 @@ VQ_MXD_API const vq_mxd_char* vq_mxd_symbol_get_tag(const vq_mxd_symbol* symbol)
 /** Returns 1 if the color is dithered, otherwise 0. */
 VQ_MXD_API int vq_mxd_color_get_dither_flag(const vq_mxd_color* color);
 
-/** Returns 1 if the color is disabled (draw nothing with it), otherwise 0. */
+/** Returns 1 for "No Color", with which nothing is drawn, otherwise 0. */
 VQ_MXD_API int vq_mxd_color_get_no_use_flag(const vq_mxd_color* color);
 
-/** Stores the color as 8-bit red, green and blue; the pointers must not be null. The return value
-   is not a status: it is 1, except for CMYK colors, where it is the blue value. */
+/** Converts the color to 8-bit red, green and blue, written through the pointers, which must not be
+   null. Always succeeds; ignore the return value, which is 1, or the blue value of a CMYK color. */
 VQ_MXD_API int vq_mxd_color_get_rgb(const vq_mxd_color* color, uint8_t* red, uint8_t* green,
                                     uint8_t* blue);
 /** @} */
 
 /** @name Font of a character marker */ /** @{ */
 
-/** Returns the face name, in the 8-bit encoding of the document. */
+/** Returns the face name, in the code page of the program that wrote the document. */
 VQ_MXD_API const char* vq_mxd_font_get_font_name(const vq_mxd_font* font);
 
 /** Returns the size in points. */
@@ -551,7 +562,7 @@ VQ_MXD_API double vq_mxd_font_get_size(const vq_mxd_font* font);
 /** Returns the weight: 400 is normal, 700 is bold. */
 VQ_MXD_API uint16_t vq_mxd_font_get_weight(const vq_mxd_font* font);
 
-/** Returns the character set, as stored. */
+/** Returns the Windows character set, as stored, such as 0 (ANSI), 2 (symbol), 204 (Cyrillic). */
 VQ_MXD_API uint16_t vq_mxd_font_get_charset(const vq_mxd_font* font);
 
 /** Returns 1 if the font is italic, otherwise 0. */
@@ -633,7 +644,7 @@ VQ_MXD_API const vq_mxd_color* vq_mxd_simple_marker_symbol_get_outline_color(
 
 /** @name Multilayer marker */ /** @{ */
 
-/** Returns the layers, the first of which is drawn on top; never null. */
+/** Returns the symbol layers, topmost first; never null. */
 VQ_MXD_API const vq_mxd_marker_symbols* vq_mxd_multilayer_marker_symbol_get_marker_symbols(
     const vq_mxd_multilayer_marker_symbol* symbol);
 /** @} */
@@ -682,7 +693,8 @@ VQ_MXD_API const vq_mxd_color* vq_mxd_simple_line_symbol_get_color(
 /** Returns the width in points. */
 VQ_MXD_API double vq_mxd_simple_line_symbol_get_width(const vq_mxd_simple_line_symbol* symbol);
 
-/** Returns the style: 0 solid, 1 dashed, 2 dotted, 3 dash-dot, 4 dash-dot-dot, 5 none, 6 inside. */
+/** Returns the style: 0 solid, 1 dashed, 2 dotted, 3 dash-dot, 4 dash-dot-dot, 5 none (not drawn),
+   6 inside frame. */
 VQ_MXD_API uint32_t
 vq_mxd_simple_line_symbol_get_simple_line_style(const vq_mxd_simple_line_symbol* symbol);
 /** @} */
@@ -697,7 +709,7 @@ VQ_MXD_API const vq_mxd_color* vq_mxd_cartographic_line_symbol_get_color(
 VQ_MXD_API double vq_mxd_cartographic_line_symbol_get_width(
     const vq_mxd_cartographic_line_symbol* symbol);
 
-/** Returns the offset from the line in points. */
+/** Returns the offset from the line in points, positive to the left. */
 VQ_MXD_API double vq_mxd_cartographic_line_symbol_get_offset(
     const vq_mxd_cartographic_line_symbol* symbol);
 
@@ -712,13 +724,13 @@ VQ_MXD_API const vq_mxd_line_template* vq_mxd_cartographic_line_symbol_get_line_
 VQ_MXD_API const vq_mxd_color* vq_mxd_hash_line_symbol_get_color(
     const vq_mxd_hash_line_symbol* symbol);
 
-/** Returns the width in points. */
+/** Returns the width in points: the length of the strokes. */
 VQ_MXD_API double vq_mxd_hash_line_symbol_get_width(const vq_mxd_hash_line_symbol* symbol);
 
-/** Returns the angle of the strokes in degrees. */
+/** Returns the angle of the strokes in degrees, counter-clockwise from the line's direction. */
 VQ_MXD_API double vq_mxd_hash_line_symbol_get_angle(const vq_mxd_hash_line_symbol* symbol);
 
-/** Returns the offset from the line in points. */
+/** Returns the offset from the line in points, positive to the left. */
 VQ_MXD_API double vq_mxd_hash_line_symbol_get_offset(const vq_mxd_hash_line_symbol* symbol);
 
 /** Returns the symbol that draws each stroke, or null. */
@@ -732,7 +744,7 @@ VQ_MXD_API const vq_mxd_line_template* vq_mxd_hash_line_symbol_get_line_template
 
 /** @name Marker line */ /** @{ */
 
-/** Returns the offset from the line in points. */
+/** Returns the offset from the line in points, positive to the left. */
 VQ_MXD_API double vq_mxd_marker_line_symbol_get_offset(const vq_mxd_marker_line_symbol* symbol);
 
 /** Returns the marker repeated along the line, or null. */
@@ -746,7 +758,7 @@ VQ_MXD_API const vq_mxd_line_template* vq_mxd_marker_line_symbol_get_line_templa
 
 /** @name Multilayer line */ /** @{ */
 
-/** Returns the layers, the first of which is drawn on top; never null. */
+/** Returns the symbol layers, topmost first; never null. */
 VQ_MXD_API const vq_mxd_line_symbols* vq_mxd_multilayer_line_symbol_get_line_symbols(
     const vq_mxd_multilayer_line_symbol* symbol);
 /** @} */
@@ -756,8 +768,8 @@ VQ_MXD_API const vq_mxd_line_symbols* vq_mxd_multilayer_line_symbol_get_line_sym
 /** Returns the number of line symbols. */
 VQ_MXD_API int64_t vq_mxd_line_symbols_get_size(const vq_mxd_line_symbols* symbols);
 
-/** Returns the line symbol at the index, or null if the index is not below the size. A negative
-   index is not checked and must not be passed. */
+/** Returns the line symbol at the index, or null if the index is too large. Unlike in the other
+   lists, a negative index is not checked and must not be passed. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_symbols_get(const vq_mxd_line_symbols* symbols,
                                                         int32_t index);
 /** @} */
@@ -768,7 +780,7 @@ VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_symbols_get(const vq_mxd_line_symbol
 VQ_MXD_API const vq_mxd_color* vq_mxd_simple_fill_symbol_get_color(
     const vq_mxd_simple_fill_symbol* symbol);
 
-/** Returns the outline, or null. */
+/** Returns the line symbol of the outline, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_simple_fill_symbol_get_outline(
     const vq_mxd_simple_fill_symbol* symbol);
 /** @} */
@@ -779,11 +791,11 @@ VQ_MXD_API const vq_mxd_symbol* vq_mxd_simple_fill_symbol_get_outline(
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_fill_symbol_get_pattern(
     const vq_mxd_line_fill_symbol* symbol);
 
-/** Returns the outline, or null. */
+/** Returns the line symbol of the outline, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_line_fill_symbol_get_outline(
     const vq_mxd_line_fill_symbol* symbol);
 
-/** Returns the angle of the hatching in degrees. */
+/** Returns the angle of the hatching in degrees, counter-clockwise from horizontal. */
 VQ_MXD_API double vq_mxd_line_fill_symbol_get_angle(const vq_mxd_line_fill_symbol* symbol);
 
 /** Returns the offset of the hatching in points. */
@@ -799,7 +811,7 @@ VQ_MXD_API double vq_mxd_line_fill_symbol_get_separation(const vq_mxd_line_fill_
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_marker_fill_symbol_get_marker(
     const vq_mxd_marker_fill_symbol* symbol);
 
-/** Returns the outline, or null. */
+/** Returns the line symbol of the outline, or null. */
 VQ_MXD_API const vq_mxd_symbol* vq_mxd_marker_fill_symbol_get_outline(
     const vq_mxd_marker_fill_symbol* symbol);
 
@@ -823,7 +835,7 @@ VQ_MXD_API uint32_t vq_mxd_marker_fill_symbol_get_random(const vq_mxd_marker_fil
 
 /** @name Multilayer fill */ /** @{ */
 
-/** Returns the layers, the first of which is drawn on top; never null. */
+/** Returns the symbol layers, topmost first; never null. */
 VQ_MXD_API const vq_mxd_fill_symbols* vq_mxd_multilayer_fill_symbol_get_fill_symbols(
     const vq_mxd_multilayer_fill_symbol* symbol);
 /** @} */

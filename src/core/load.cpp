@@ -23,7 +23,7 @@ Load::Object_scope::Object_scope(Load& load)
     : load_(load), used_before_(load.budget_.used()), sibling_levels_(load.max_child_levels_) {
   ++load_.depth_;
   load_.max_child_levels_ = 0;
-  load_.observer_.object_begun();
+  load_.observer_.object_started();
 }
 
 Load::Object_scope::~Object_scope() {
@@ -31,7 +31,7 @@ Load::Object_scope::~Object_scope() {
   --load_.depth_;
 }
 
-void Load::Object_scope::count_levels(int levels) {
+void Load::Object_scope::add_copied_levels(int levels) {
   load_.max_child_levels_ = std::max(load_.max_child_levels_, levels - 1);
 }
 

@@ -1,5 +1,5 @@
-// The state of one load, shared by all that it reads: object numbers, budget, nesting, dropped
-// objects.
+// The state of one load: the registry of object numbers, the byte budget, the nesting depth and the
+// objects that were dropped.
 #pragma once
 
 #include <array>
@@ -14,16 +14,17 @@ namespace mxd {
 
 class Tmxd_obj;
 
-// A registered object, and what a copy of it costs: the bytes spent to read it, and the levels of
-// objects that it nests, itself included.
+// An object that back-references can refer to.
 struct Registered_object {
   const Tmxd_obj* object = nullptr;
+  // The bytes that a copy takes from the budget: as many as reading the object took.
   std::uint64_t cost = 0;
+  // The height of the object's tree: 1 if it contains no other object.
   int levels = 0;
 };
 
-// The objects read so far by number. Owns nothing. The first object registered under a number keeps
-// it.
+// Finds an object, among those read so far, by its number. Does not own the objects: they must
+// outlive the registry. If two have the same number, the first one stays registered.
 class Object_registry {
  public:
   void add(std::uint16_t number, const Registered_object& entry) {
@@ -33,13 +34,14 @@ class Object_registry {
     if (!existing.object) existing = entry;
   }
 
-  // Null if no object has the number.
+  // Null if no object is registered under the number.
   const Registered_object* find(std::uint16_t number) const {
     const std::unique_ptr<Page>& page = pages_[number / page_size];
     if (!page || !(*page)[number % page_size].object) return nullptr;
     return &(*page)[number % page_size];
   }
 
+  // Ignored if another object, or none, is registered under the number.
   void add_cost(std::uint16_t number, const Tmxd_obj& object, std::uint64_t bytes) {
     if (!find(number)) return;
     Registered_object& entry = (*pages_[number / page_size])[number % page_size];
@@ -53,14 +55,15 @@ class Object_registry {
   std::array<std::unique_ptr<Page>, (std::size_t{1} << 16) / page_size> pages_;
 };
 
-// Bounds the bytes that one load may decode and copy. Without a limit, a few hundred bytes of
-// nested back-references expand to gigabytes. Real documents use less than 2 % of it. Once it is
-// exhausted, every further read fails.
+// Limits the bytes that one load may decode and copy: 4 MiB plus 16 times the stream size. Without
+// a limit, a few hundred bytes of nested back-references could expand to gigabytes. Real documents
+// use less than 2% of the limit. Once a request exceeds it, every further read fails.
 class Load_budget {
  public:
   explicit Load_budget(std::uint64_t stream_size)
       : limit_((std::uint64_t{4} << 20) + 16 * stream_size) {}
 
+  // Returns false, and counts nothing, if fewer bytes are left; so do all later calls.
   [[nodiscard]] bool spend(std::uint64_t bytes) {
     if (exhausted_ || bytes > limit_ - used_) {
       exhausted_ = true;
@@ -80,11 +83,14 @@ class Load_budget {
   bool exhausted_ = false;
 };
 
+// One load. Every object read through it shares its registry, budget and nesting depth.
 class Load {
  public:
+  // An object inside this many others is refused: damaged data could exhaust the stack.
   static constexpr int max_depth = 100;
 
-  // The observer must outlive the load. Objects read by it may outlive it.
+  // The observer must outlive the load. Objects read during the load may outlive it, but none may
+  // be destroyed before it: see keep_until_load_ends().
   Load(Load_observer& observer, std::uint64_t stream_size);
   Load(const Load&) = delete;
   Load& operator=(const Load&) = delete;
@@ -96,16 +102,16 @@ class Load {
   void report(const Read_error& error) { observer_.read_failed(error); }
   void count_search(std::size_t steps) { observer_.searched(steps); }
 
-  // Null if no object with the number was read.
+  // Null if no object is registered under the number.
   const Registered_object* find(std::uint16_t number) const { return registry_.find(number); }
-  // Adds to the copy cost of an object that is already registered.
+  // Adds to the cost of copying the object. Ignored if the object is not registered.
   void add_copy_cost(const Tmxd_obj& object, std::uint64_t bytes);
 
   // Keeps a dropped object alive until the load ends, because later back-references may refer to it
   // or to something it holds. Null is ignored.
   void keep_until_load_ends(std::unique_ptr<Tmxd_obj> dropped);
 
-  // The scope of one nested object read: counts nesting levels and the budget spent inside.
+  // Lives while one object is read. Tracks the nesting depth and the bytes spent on the object.
   class Object_scope {
    public:
     explicit Object_scope(Load& load);
@@ -114,11 +120,11 @@ class Load {
     ~Object_scope();
 
     bool too_deep() const { return load_.depth_ > max_depth; }
-    // Whether a copy that nests this many levels, itself included, fits here.
+    // Whether a copy of this many levels would stay within max_depth.
     bool fits(int levels) const { return load_.depth_ - 1 + levels <= max_depth; }
-    // Accounts for a copied object that nests this many levels.
-    void count_levels(int levels);
-    // Registers the object, now that its fields are read.
+    // Call after copying an object of this many levels into the one being read.
+    void add_copied_levels(int levels);
+    // Call once the fields are read: only then are the cost and levels of the object known.
     void register_object(const Tmxd_obj& object);
 
    private:

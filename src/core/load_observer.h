@@ -24,7 +24,7 @@ class Load_observer {
 
   virtual void read_failed(const Read_error& error) = 0;
   // An object's class id was found where the object was expected.
-  virtual void object_begun() {}
+  virtual void object_started() {}
   // A search looked up this many class ids and positions.
   virtual void searched(std::size_t /*steps*/) {}
 };

@@ -3,13 +3,13 @@
 namespace mxd {
 namespace {
 
-// A copy is charged the cost and the depth of its source. copy_from()'s result is ignored: some
-// classes return false although they copied.
+// A copy costs the budget as many bytes, and counts as many levels, as its source. The result of
+// copy_from() is ignored because some classes return false after copying.
 bool copy_registered(Tmxd_obj& object, Tmxd_mxd_stream& stream, const Registered_object& source,
                      Load::Object_scope& scope) {
   if (!stream.load().spend(source.cost)) return false;
   static_cast<void>(object.copy_from(*source.object));
-  scope.count_levels(source.levels);
+  scope.add_copied_levels(source.levels);
   return true;
 }
 
@@ -20,7 +20,8 @@ bool read_new(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit,
   return true;
 }
 
-// Reads what follows the class id at `start`.
+// Reads what follows the class id. `start`, the position of the class id, is for error reports.
+// An object that is nested too deeply fails unreported; the reads around it fail and are reported.
 bool read_after_class_id(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t start,
                          std::int64_t limit, Back_reference back_reference) {
   Load::Object_scope scope(stream.load());
@@ -29,7 +30,7 @@ bool read_after_class_id(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t
             read_number(stream, object.reserve);
   if (const Registered_object* source = ok ? stream.load().find(object.number) : nullptr) {
     object.repeat = 1;
-    if (back_reference == Back_reference::stays_empty) return true;
+    if (back_reference == Back_reference::leave_empty) return true;
     if (!object.can_copy(*source->object)) return true;
     if (!scope.fits(source->levels)) return false;
     ok = copy_registered(object, stream, *source, scope);
@@ -52,7 +53,7 @@ bool read_object(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t positio
   if (position < 0) position = stream.position();
   return stream.seek(static_cast<std::uint64_t>(position)) &&
          read_class_id(stream, object.class_id().guid) &&
-         read_after_class_id(object, stream, position, limit, Back_reference::copies);
+         read_after_class_id(object, stream, position, limit, Back_reference::copy);
 }
 
 bool read_object_or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream, std::int64_t limit,

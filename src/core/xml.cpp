@@ -65,6 +65,7 @@ void Xml_builder::append_name(const Xml_name& name) {
   if (name.number > 0) append_int(buffer_, name.number);
 }
 
+// `append_value` appends the value to the buffer; it is not called if the value is empty.
 template <class Append>
 void Xml_builder::add_leaf(const Xml_name& name, bool empty, Append append_value) {
   begin_child();

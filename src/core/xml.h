@@ -1,4 +1,4 @@
-// Writes the XML document that a save produces.
+// Writes XML, element by element.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 
 namespace mxd {
 
-// A tag: a fixed word, in lists followed by a 1-based number ("layer_" and 3 give layer_3). The
-// word is not copied.
+// An element name: a word, followed in lists by a 1-based number ("layer_" and 3 give layer_3). The
+// number 0 adds nothing. The word must outlive the name.
 struct Xml_name {
   std::string_view word;
   std::int32_t number = 0;
@@ -21,7 +21,8 @@ struct Xml_name {
       : word(text), number(list_number) {}
 };
 
-// The entity for a character that must be escaped; empty for all others.
+// The entity that replaces the character; empty if it needs no escaping. Control characters are
+// left alone, although XML forbids most of them.
 constexpr std::string_view xml_entity(char c) {
   switch (c) {
     case '<':
@@ -40,7 +41,7 @@ constexpr std::string_view xml_entity(char c) {
 }
 
 // Elements are added in document order and written through a small buffer, so memory does not grow
-// with the document. Write errors are left in ferror(file).
+// with the document. Write errors are not reported; ferror(file) shows them after finish().
 class Xml_builder {
  public:
   // Writes the XML declaration and opens the root. The file must outlive the builder.
@@ -48,19 +49,22 @@ class Xml_builder {
   Xml_builder(const Xml_builder&) = delete;
   Xml_builder& operator=(const Xml_builder&) = delete;
 
-  // Closes all open elements and writes what is buffered. Without it the document is incomplete.
+  // Closes all open elements and writes what is buffered. Must be called last; the destructor does
+  // neither.
   void finish();
 
-  // Opens an element in the innermost open one, and closes it.
+  // Opens a child of the innermost open element.
   void open(const Xml_name& name);
+  // Closes the innermost open element, which must exist.
   void close();
 
-  // Each adds an element with a value to the innermost open one. Only strings are escaped.
+  // Each adds a child with this value to the innermost open element. Strings must already be in the
+  // declared encoding; they are escaped. Empty values give an empty element.
   void add_string(const Xml_name& name, std::string_view text);
   void add_int(const Xml_name& name, std::int32_t value);
   void add_double(const Xml_name& name, double value);
   void add_bool(const Xml_name& name, bool value);
-  // Two upper-case digits for each byte, separated by blanks.
+  // Two upper-case digits for each byte, separated by spaces.
   void add_bytes(const Xml_name& name, std::span<const std::uint8_t> bytes);
 
  private:

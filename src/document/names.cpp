@@ -31,7 +31,7 @@ bool Tmxd_basic_feature_class_name::read_fields(Tmxd_mxd_stream& stream, std::in
   return read_wide_string(stream, name) && read_bytes(stream, bytes1) &&
          read_wide_string(stream, type_name1) && read_wide_string(stream, type_name2) &&
          read_number(stream, geom_type) && read_bytes(stream, bytes2) &&
-         read_object_if_present(feature_dataset_name, stream, limit, Back_reference::copies);
+         read_object_if_present(feature_dataset_name, stream, limit, Back_reference::copy);
 }
 
 void Tmxd_basic_feature_class_name::describe(Field_writer& writer) const {

@@ -15,8 +15,8 @@ void Tmxd_simple_line_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_cartographic_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_numbers(stream, cap, join, width, byte1, offset) && color_slot.read(stream, limit) &&
-         read_object_or_null(line_template, stream, limit, Back_reference::copies) &&
-         read_object_or_null(line_decoration, stream, limit, Back_reference::copies) &&
+         read_object_or_null(line_template, stream, limit, Back_reference::copy) &&
+         read_object_or_null(line_decoration, stream, limit, Back_reference::copy) &&
          read_symbol_trailer(stream) && read_numbers(stream, byte2, dbl1, dbl2);
 }
 
@@ -39,7 +39,7 @@ bool Tmxd_hash_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t li
   // The bytes are consumed even if a field before them cannot be read.
   const bool ok = read_number(stream, offset) && line_slot.read(stream, limit) &&
                   color_slot.read(stream, limit) &&
-                  read_object_or_null(line_template, stream, limit, Back_reference::copies);
+                  read_object_or_null(line_template, stream, limit, Back_reference::copy);
   return read_bytes(stream, bytes1) && ok && read_symbol_trailer(stream) &&
          read_numbers(stream, byte2, dbl1, dbl2);
 }
@@ -62,7 +62,7 @@ void Tmxd_hash_line_symbol::describe(Field_writer& writer) const {
 
 bool Tmxd_marker_line_symbol::read_fields(Tmxd_mxd_stream& stream, std::int64_t limit) {
   return read_numbers(stream, leading_byte, offset) && pattern_marker.read(stream, limit) &&
-         read_object_or_null(line_template, stream, -1, Back_reference::copies) &&
+         read_object_or_null(line_template, stream, -1, Back_reference::copy) &&
          read_bytes(stream, bytes1) && read_symbol_trailer(stream) && read_bytes(stream, bytes2);
 }
 

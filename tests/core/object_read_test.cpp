@@ -29,10 +29,10 @@ bool if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
   return read_object_if_present(object, stream, -1);
 }
 bool copy_if_present(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
-  return read_object_if_present(object, stream, -1, Back_reference::copies);
+  return read_object_if_present(object, stream, -1, Back_reference::copy);
 }
 bool copy_or_null(Tmxd_obj& object, Tmxd_mxd_stream& stream) {
-  return read_object_or_null(object, stream, -1, Back_reference::copies);
+  return read_object_or_null(object, stream, -1, Back_reference::copy);
 }
 
 // A workspace name of number 5 is read first, then what follows it through the entry point.

@@ -80,7 +80,7 @@ class Hostile_names(Case):
             text = self.run_mxdinfo("-f", "csv", path)[0]
             self.assertTrue(is_harmless(text))
             rows = list(csv.reader(io.StringIO(text)))
-            self.assertEqual((3, {26}), (len(rows), {len(row) for row in rows}))
+            self.assertEqual([len(rows[0])] * 3, [len(row) for row in rows])
             for cell in rows[2]:
                 self.assertNotIn(cell.lstrip()[:1], ("=", "+", "-", "@"))
             for delimiter in ";|":

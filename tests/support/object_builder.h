@@ -94,7 +94,7 @@ class Packed : public Bytes {
 class Recorded_errors final : public Load_observer {
  public:
   void read_failed(const Read_error& error) override { lines.push_back(error_line(error)); }
-  void object_begun() override { ++objects; }
+  void object_started() override { ++objects; }
   void searched(std::size_t steps) override { search_steps += steps; }
 
   std::vector<std::string> lines;
