@@ -224,7 +224,7 @@ std::vector<Row> file_rows() {
   return result;
 }
 
-// A quarter for memory that grows in steps, and what the smallest thing costs.
+// Allows a quarter more for memory that grows in steps, and a constant.
 void expect_no_faster(const char* what, std::uint64_t once, std::uint64_t now, unsigned times) {
   EXPECT_LE(now, times * (once + once / 4) + 4096) << what;
 }

@@ -7,11 +7,11 @@
 
 namespace mxd::fuzz {
 
-// The most that was in use at a time since the last call of forget_peak, less what was in use then.
+// Peak memory in use since the last call of forget_peak, above what was in use then, in bytes.
 std::size_t peak_memory();
 void forget_peak();
 
-// That allocation from now on fails, and all behind it, until the next call; 0 is none.
+// The nth allocation from now on fails, and all after it, until the next call; 0: none.
 void fail_from_allocation(std::uint64_t number);
 
 }  // namespace mxd::fuzz

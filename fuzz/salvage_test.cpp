@@ -71,7 +71,7 @@ TEST(Salvage, a_document_cut_anywhere_keeps_the_layers_before_the_cut) {
       EXPECT_EQ(left[i], whole[i]) << size;
     }
   }
-  // Behind the header, the FAT and the directory every cut leaves a document.
+  // A cut after the header, the FAT and the directory always leaves a document.
   EXPECT_EQ(static_cast<std::size_t>(cuts), file.size() / 512 - 2);
 }
 

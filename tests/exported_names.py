@@ -18,7 +18,7 @@ with open(export_list, encoding="ascii") as lines:
     listed = lines.read().splitlines()
 with open(header, encoding="ascii") as text:
     code = re.sub(r"/\*.*?\*/", " ", text.read(), flags=re.DOTALL)
-# Those that depend on the platform stand behind their condition.
+# Platform-dependent names follow their condition.
 typedefs = re.findall(r"^(?:#((?:if|elif|else).*)\n(?:#include.*\n)?)?(typedef [^;]+);", code, re.MULTILINE)
 code = " ".join(code.split())
 declared = [" ".join(words).strip() for words in typedefs] + [

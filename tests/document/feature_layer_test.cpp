@@ -40,7 +40,7 @@ std::vector<Case> drawings() {
        "mxd_simple_renderer", nothing, 2},
       {"fails in itself", class_breaks.prefix(30).i32(-1).add(color_page).add(scales),
        "mxd_class_breaks_renderer", nothing, 1},
-      {"misread string behind the block", simple_renderer(60).counting(156).i32(-1),
+      {"misread string after the block", simple_renderer(60).counting(156).i32(-1),
        "mxd_simple_renderer", block_only},
   };
 }
@@ -76,7 +76,7 @@ TEST(Feature_layer, drawing_stays_before_the_limit) {
   EXPECT_TRUE(layer.coordinate_system.get());
 }
 
-// Wherever the record of a layer ends behind its workspace, the layer is worth keeping.
+// A layer is kept wherever its record ends after its workspace.
 TEST(Feature_layer, prefixes) {
   const Bytes whole = layer_of(simple_renderer(60).counting(156).wide("s").f64(1).f64(2));
   expect_prefixes_fail<Tmxd_feature_layer>(whole, layer_of(Bytes()).size() - (22 + 12));

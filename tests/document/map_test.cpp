@@ -84,7 +84,7 @@ TEST(Maps, one_that_fails_costs_only_itself) {
 }
 
 TEST(Layers, what_a_dropped_layer_held_can_still_be_referred_to) {
-  // The first layer breaks off behind its feature class name; the second refers to that name.
+  // The first layer ends after its feature class name; the second refers to that name.
   const Bytes dropped = layer_record(10, "dropped", feature_class(11, "roads").zeros(30));
   const Bytes kept = layer_record(
       12, "kept",

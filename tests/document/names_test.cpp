@@ -67,7 +67,7 @@ TEST(Names, a_feature_class_need_not_name_a_dataset) {
 }
 
 TEST(Coordinate_systems, read_shown_and_copied) {
-  const Bytes wkt = Bytes().narrow(std::string("GEOGCS[\"GCS\"]\xE9") + '\0' + "behind");
+  const Bytes wkt = Bytes().narrow(std::string("GEOGCS[\"GCS\"]\xE9") + '\0' + "after");
   expect_shown_and_copied<Tmxd_geographic_coordinate_system, Tmxd_coordinate_system_slot>(wkt);
   expect_shown_and_copied<Tmxd_projected_coordinate_system, Tmxd_coordinate_system_slot>(wkt);
   const Bytes unknown = Bytes().wide("Unknown");

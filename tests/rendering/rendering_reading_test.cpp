@@ -71,7 +71,7 @@ TEST(Legend_class, run_is_filled_up_with_zeros) {
   }
 }
 
-// A class without a symbol takes the next one before the limit, and goes on behind that.
+// A class without a symbol takes the next one before the limit, and continues after it.
 TEST(Legend_class, symbol_is_searched_for_up_to_the_limit) {
   const Bytes before = Bytes().object(Tmxd_legend_class::clsid, 7, 1, Bytes().null_object().u8(9));
   const Bytes record = Bytes().add(before).add(line_symbol(8, 3)).wide("label").counting(22);

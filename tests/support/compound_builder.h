@@ -42,7 +42,7 @@ class Compound_file {
   static constexpr std::string_view mini_stream = "/mini stream";
   static constexpr std::string_view mini_fat = "/mini FAT";
 
-  // Directory entries, in file order behind the root. Streams below the cutoff go to the mini
+  // Directory entries, in file order after the root. Streams below the cutoff go to the mini
   // stream. The tree of storages is flat: whatever stands in it is a child of the root.
   Compound_file& stream(std::string_view name, Byte_run bytes) {
     return add(entries_, {std::string(name), Kind::stream, std::move(bytes)});
@@ -50,7 +50,7 @@ class Compound_file {
   Compound_file& storage(std::string_view name) {
     return add(entries_, {std::string(name), Kind::storage});
   }
-  // What a deleted stream leaves behind: the name, but no sectors.
+  // The entry of a deleted stream: a name without sectors.
   Compound_file& unused_entry(std::string_view name) {
     return add(entries_, {std::string(name), Kind::unused});
   }

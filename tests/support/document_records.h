@@ -38,7 +38,7 @@ inline Bytes layer_record(int number, const char* name, const Bytes& data_and_dr
       Bytes().wide(name).wide("Feature Layer").u16(1).counting(4).add(data_and_drawing));
 }
 
-// A layer that is drawn so. It takes the number and the two behind it.
+// A layer with this renderer. It uses the number and the next two.
 inline Bytes feature_layer(int number, const Bytes& drawing) {
   return layer_record(number, "L",
                       feature_class(number + 1, "a").add(workspace(number + 2, "w")).add(drawing));

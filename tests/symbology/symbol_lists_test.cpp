@@ -6,12 +6,12 @@ namespace {
 
 // A slot passes over the picture, and does not look past its limit.
 TEST(Symbol_slot, search) {
-  const auto behind = static_cast<std::int64_t>(record("picture_marker_symbol", 1).size());
-  for (const std::int64_t limit : {std::int64_t{-1}, behind + 16, behind + 15}) {
+  const auto end = static_cast<std::int64_t>(record("picture_marker_symbol", 1).size());
+  for (const std::int64_t limit : {std::int64_t{-1}, end + 16, end + 15}) {
     Decoder decoder(Packed(record("picture_marker_symbol", 1), record("simple_line_symbol", 2)));
     Tmxd_symbol_slot slot;
     static_cast<void>(slot.read(decoder.stream, limit));
-    EXPECT_EQ(slot.get() != nullptr, limit != behind + 15);
+    EXPECT_EQ(slot.get() != nullptr, limit != end + 15);
   }
 }
 

@@ -41,10 +41,10 @@ foreign = [name for name in imported if not system_dlls.fullmatch(name)]
 if foreign or not imported:
     sys.exit(f"imported: {imported}")
 for what, good in (
-    ("the time of the link is told", re.findall(r"Time/Date\s.*?(1970|\b0)$", dump, re.MULTILINE)),
+    ("the file holds the time of the link", re.findall(r"Time/Date\s.*?(1970|\b0)$", dump, re.MULTILINE)),
     ("no fixed image base", "ImageBase\t\t0000000180000000" in dump),
     ("no version", all(utf_16(text) in binary for text in ("ProductVersion", version + "\0"))),
-    ("the source folder is told", source_folder.encode() not in binary),
+    ("the file holds the source folder", source_folder.encode() not in binary),
 ):
     if not good:
         sys.exit(what)
