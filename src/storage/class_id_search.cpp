@@ -5,7 +5,6 @@
 #include <cassert>
 #include <cstring>
 #include <numeric>
-#include <tuple>
 
 namespace mxd {
 namespace {
@@ -51,15 +50,12 @@ Class_id_scanner::Class_id_scanner(std::vector<Guid> class_ids)
 }
 
 void Class_id_scanner::add_words() {
-  for (const Guid& stored : stored_ids_) {
+  for (std::uint32_t index = 0; index < stored_ids_.size(); ++index) {
     for (std::uint32_t offset = 0; offset < stride; ++offset) {
-      words_.push_back({word_at(stored.bytes.data() + offset), offset});
+      words_.push_back({word_at(stored_ids_[index].bytes.data() + offset), offset, index});
     }
   }
-  std::ranges::sort(words_, {}, [](const Word& word) {
-    return std::tuple(bucket_of(word.value), word.value, word.offset);
-  });
-  words_.erase(std::unique(words_.begin(), words_.end()), words_.end());
+  std::ranges::sort(words_, {}, [](const Word& word) { return bucket_of(word.value); });
   buckets_.resize(std::size_t{1} << bucket_bits, words_.size());
   for (std::size_t i = words_.size(); i-- != 0;) {
     known_hashes_[word_hash(words_[i].value)] = 1;
@@ -67,14 +63,11 @@ void Class_id_scanner::add_words() {
   }
 }
 
-std::optional<std::uint32_t> Class_id_scanner::index_of_stored(const Guid& stored) const {
+std::optional<std::uint32_t> Class_id_scanner::index_of(const Guid& class_id) const {
+  const Guid stored = swap_guid_byte_order(class_id);
   const auto found = std::lower_bound(stored_ids_.begin(), stored_ids_.end(), stored);
   if (found == stored_ids_.end() || *found != stored) return std::nullopt;
   return static_cast<std::uint32_t>(found - stored_ids_.begin());
-}
-
-std::optional<std::uint32_t> Class_id_scanner::index_of(const Guid& class_id) const {
-  return index_of_stored(swap_guid_byte_order(class_id));
 }
 
 void Class_id_scanner::add_occurrences(std::span<const std::uint8_t> bytes,
@@ -87,10 +80,9 @@ void Class_id_scanner::add_occurrences(std::span<const std::uint8_t> bytes,
     if (words_[i].value != value || words_[i].offset > word_position) continue;
     const std::uint64_t position = word_position - words_[i].offset;
     if (bytes.size() - position < guid_size) continue;
-    Guid stored;
-    std::memcpy(stored.bytes.data(), bytes.data() + position, guid_size);
-    if (const auto class_index = index_of_stored(stored)) {
-      occurrences.push_back({static_cast<std::int64_t>(position), *class_index});
+    const Guid& stored = stored_ids_[words_[i].class_index];
+    if (std::memcmp(stored.bytes.data(), bytes.data() + position, guid_size) == 0) {
+      occurrences.push_back({static_cast<std::int64_t>(position), words_[i].class_index});
     }
   }
 }

@@ -51,18 +51,16 @@ class Class_id_scanner {
 
  private:
   // The pass samples one word every 13 bytes, so that each id contains exactly one sample: this
-  // word, at this offset in the id.
+  // word, at this offset in the id of this index.
   struct Word {
     std::uint32_t value;
     std::uint32_t offset;
-
-    bool operator==(const Word&) const = default;
+    std::uint32_t class_index;
   };
 
   void add_words();
   void add_occurrences(std::span<const std::uint8_t> bytes, std::uint64_t word_position,
                        std::vector<Occurrence>& occurrences) const;
-  std::optional<std::uint32_t> index_of_stored(const Guid& stored) const;
 
   std::vector<Guid> stored_ids_;  // sorted; the byte order of streams
   std::vector<Guid> class_ids_;
