@@ -8,20 +8,13 @@ import sys
 from typing import Iterator, Optional, TextIO
 
 from . import VERSION
-from .conversion import Options, Result, convert_document
+from .conversion import FileNames, Options, Result, convert_document
 from .reader import ReadError, documents_in, find_mxdinfo
-from .sources import Places
+from .sources import Places, mapping
 
 # As mxdinfo has them.
 OK, FAILED, USAGE, LOSSES = 0, 1, 2, 3
-
-
-def mapping(text: str) -> tuple[str, str]:
-    """C:\\data=/mnt/data"""
-    stored, separator, here = text.partition("=")
-    if not separator or not stored or not here:
-        raise argparse.ArgumentTypeError(f"{text!r} is no STORED=HERE")
-    return stored, here
+INTERRUPTED = 130
 
 
 def styles(text: str) -> tuple[str, ...]:
@@ -101,12 +94,13 @@ def run(arguments: argparse.Namespace) -> int:
     places = Places(arguments.map, arguments.search)
     mxdinfo = find_mxdinfo(arguments.mxdinfo)
     options = Options(mxdinfo, places, arguments.styles, arguments.pictures)
+    names = FileNames()
     failed = lossy = 0
     losses = open(arguments.losses, "w", encoding="utf-8") if arguments.losses else None
     try:
         for path, found_in in documents(arguments.inputs, arguments.recursive):
             folder = output_folder(path, found_in, arguments.output)
-            result = convert_document(path, folder, options)
+            result = convert_document(path, names.stem_for(path, folder), options)
             report(result, arguments.quiet)
             failed += bool(result.error)
             lossy += bool(result.losses)
@@ -123,6 +117,8 @@ def run(arguments: argparse.Namespace) -> int:
 def main() -> int:
     arguments = parser().parse_args()
     os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")
+    # Without data, GDAL writes messages; the losses say it better.
+    os.environ.setdefault("CPL_LOG", os.devnull)
     from qgis.core import QgsApplication
 
     application = QgsApplication([], False)
@@ -132,5 +128,7 @@ def main() -> int:
     except (ReadError, OSError) as error:
         say(str(error))
         return FAILED
+    except KeyboardInterrupt:
+        return INTERRUPTED
     finally:
         application.exitQgis()

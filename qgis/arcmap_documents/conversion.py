@@ -43,20 +43,24 @@ def file_name(name: str) -> str:
     return re.sub(r'[\x00-\x1f<>:"/\\|?*]+', "_", name).strip(" .")[:100] or "unnamed"
 
 
-class _FileNames:
-    """Names that differ from each other, whatever the case."""
+class FileNames:
+    """Paths without endings that differ from each other, whatever the case."""
 
     def __init__(self) -> None:
         self._taken: set[str] = set()
 
-    def of(self, name: str) -> str:
-        base, number = file_name(name), 1
+    def stem(self, folder: str, name: str) -> str:
+        base, number = os.path.join(os.path.normpath(folder), file_name(name)), 1
         candidate = base
         while candidate.lower() in self._taken:
             number += 1
             candidate = f"{base} {number}"
         self._taken.add(candidate.lower())
         return candidate
+
+    def stem_for(self, document: str, folder: str) -> str:
+        """For what is written about a document."""
+        return self.stem(folder, os.path.splitext(os.path.basename(document))[0])
 
 
 def _save_style(layer: QgsMapLayer, path: str, style: str) -> str:
@@ -69,15 +73,13 @@ def _save_style(layer: QgsMapLayer, path: str, style: str) -> str:
 
 
 def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses: Losses) -> None:
-    names = _FileNames()
+    names, (folder, name) = FileNames(), os.path.split(stem)
     for converted in maps:
         for index, layer in converted.by_index.items():
             if not isinstance(layer, QgsVectorLayer):
                 continue
             losses.layer = layer_path(converted.map.layers, index)
-            base = os.path.join(
-                os.path.dirname(stem), names.of(f"{os.path.basename(stem)} - {layer.name()}")
-            )
+            base = names.stem(folder, f"{name} - {layer.name()}")
             for style in options.styles:
                 if style == "sld":
                     add_sld_losses(layer, losses)
@@ -112,30 +114,27 @@ def add_sld_losses(layer: QgsVectorLayer, losses: Losses) -> None:
 
 
 def _write_pictures(maps: list[ConvertedMap], stem: str, losses: Losses) -> None:
-    names = _FileNames()
+    names, (folder, name) = FileNames(), os.path.split(stem)
     for converted in maps:
-        name = os.path.basename(stem)
-        if len(maps) > 1:
-            name = f"{name} - {converted.map.name}"
-        path = os.path.join(os.path.dirname(stem), names.of(name) + ".png")
+        suffix = f" - {converted.map.name}" if len(maps) > 1 else ""
+        path = names.stem(folder, name + suffix) + ".png"
         if not pictures.draw(converted).save(path):
             losses.add("picture", f"{path} cannot be written", "")
 
 
 def convert_document(
-    path: str, folder: str, options: Options, progress: Progress = lambda share: True
+    path: str, stem: str, options: Options, progress: Progress = lambda share: True
 ) -> Result:
-    """Writes the project into the folder, named as the document. Only Cancelled is raised."""
-    losses, project = Losses(), QgsProject.instance()
+    """Writes the project to STEM.qgz, and styles and pictures beside it. Only Cancelled is
+    raised. The project that is open in QGIS stays as it is."""
+    losses, project = Losses(), QgsProject()
     result = Result(path)
-    project.clear()
     try:
-        document = read(options.mxdinfo, path)
+        document = read(options.mxdinfo, path, lambda: not progress(0.0))
         document.path = path
         losses.add_read_losses(document.losses)
         maps = Builder(project, document, options.places, losses).build(progress)
-        stem = os.path.join(folder, file_name(os.path.splitext(os.path.basename(path))[0]))
-        os.makedirs(folder, exist_ok=True)
+        os.makedirs(os.path.dirname(os.path.abspath(stem)), exist_ok=True)
         if not project.write(stem + ".qgz"):
             raise ReadError(f"{stem}.qgz cannot be written: {project.error()}")
         result.project = stem + ".qgz"

@@ -21,14 +21,30 @@ from .renderers import field_name
 from .units import POINTS, length
 
 _TOKEN = re.compile(r"""\s*(?:\[(?P<field>[^\]]+)\]|"(?P<text>(?:[^"]|"")*)"|(?P<word>\w+))\s*""")
+# ArcMap's formatting of a part of a label, as in <BOL>name</BOL>.
+_TAG = re.compile(
+    r"</?(?:FNT|CLR|BOL|ITA|UND|ALLCAP|SMLCAP|SUP|SUB|CHR|WRD|LIN|_BOL|_ITA|_UND)\b[^>]*>", re.I
+)
 _LINE_BREAKS = {"vbcrlf", "vbnewline", "vblf", "vbcr"}
 
 
+def _text(stored: str, losses: Losses) -> str:
+    """A text of an expression without tags; empty if it is nothing else."""
+    plain = _TAG.sub("", stored)
+    if plain != stored:
+        losses.add("labels", f"their formatting is left out: {stored}")
+    return QgsExpression.quotedString(plain.replace('""', '"')) if plain or plain == stored else ""
+
+
 def _term(match: re.Match[str], fields: Optional[QgsFields], losses: Losses) -> Optional[str]:
+    """Empty for a text that leaves nothing; None where QGIS has no such term."""
     if match["field"] is not None:
-        return QgsExpression.quotedColumnRef(field_name(match["field"], fields, losses))
+        consequence = "the data does not have it, so that labels lack it"
+        return QgsExpression.quotedColumnRef(
+            field_name(match["field"], fields, losses, consequence)
+        )
     if match["text"] is not None:
-        return QgsExpression.quotedString(match["text"].replace('""', '"'))
+        return _text(match["text"], losses)
     return "'\\n'" if match["word"].lower() in _LINE_BREAKS else None
 
 
@@ -39,10 +55,10 @@ def converted(expression: str, fields: Optional[QgsFields], losses: Losses) -> O
         term = _term(match, fields, losses)
         if term is None:
             return None
-        terms.append(term)
+        terms += [term] if term else []
         at = match.end()
         if at == len(expression):
-            return terms[0] if len(terms) == 1 else f"concat({', '.join(terms)})"
+            return terms[0] if len(terms) == 1 else f"concat({', '.join(terms)})" if terms else None
         if expression[at] not in "&+":
             return None
         at += 1

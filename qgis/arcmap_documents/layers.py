@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import re
 from typing import Optional, Union
 
 from qgis.core import (
@@ -60,14 +61,14 @@ def _vector(layer: Layer, location: Location, losses: Losses) -> QgsVectorLayer:
             return made
         losses.add("data", f"QGIS cannot open it: {location.uri}")
     else:
-        losses.add("data", f"it is not found: {location.uri}")
+        losses.add("data", f"{location.problem}: {location.uri}")
     return _missing_vector(layer, location)
 
 
 def _raster(layer: Layer, location: Location, losses: Losses) -> QgsRasterLayer:
     made = QgsRasterLayer(location.uri, layer.name, location.provider)
     if not location.found:
-        losses.add("data", f"it is not found: {location.uri}")
+        losses.add("data", f"{location.problem}: {location.uri}")
     elif not made.isValid():
         losses.add("data", f"QGIS cannot open it: {location.uri}")
     losses.add("symbols", "the colors of rasters are not read; QGIS chooses them")
@@ -75,15 +76,14 @@ def _raster(layer: Layer, location: Location, losses: Losses) -> QgsRasterLayer:
 
 
 def subset(query: str) -> str:
-    """The condition with the names of fields as SQL quotes them."""
-    return query.replace("[", '"').replace("]", '"')
+    """The condition with the names of fields as SQL quotes them; texts stay as they are."""
+    return re.sub(r"('[^']*')|\[([^\]]*)\]", lambda m: m[1] or f'"{m[2]}"', query)
 
 
 def _apply_query(made: QgsVectorLayer, query: Optional[str], losses: Losses) -> None:
+    # A layer without data keeps the query until it is repaired.
     if query and not made.setSubsetString(subset(query)) and made.isValid():
         losses.add("definition query", f"QGIS cannot apply it, all features are shown: {query}")
-    elif query and not made.isValid():
-        losses.add("definition query", f"it is to be set again with the data: {query}")
 
 
 def _apply_scales(made: QgsMapLayer, layer: Layer) -> None:

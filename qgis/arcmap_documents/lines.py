@@ -2,13 +2,12 @@
 
 from __future__ import annotations
 
-from typing import Any, Callable, Optional
+from typing import Any, Optional
 
 from qgis.core import (
     QgsHashedLineSymbolLayer,
     QgsLineSymbol,
     QgsMarkerLineSymbolLayer,
-    QgsMarkerSymbol,
     QgsSimpleLineSymbolLayer,
     QgsSymbolLayer,
     QgsTemplatedLineSymbolLayerBase,
@@ -16,23 +15,32 @@ from qgis.core import (
 from qgis.PyQt.QtCore import Qt
 
 from .losses import Losses
-from .markers import fill_in, marker, marker_layers
+from .markers import marker
 from .reader import Symbol
-from .units import POINTS, length, number, qcolor
+from .stack import Makers, fill_in, layers_of
+from .units import POINTS, in_points, length, number, qcolor
 
 Placement = QgsTemplatedLineSymbolLayerBase
 
 _STYLES = {
-    "solid": Qt.SolidLine,
-    "inside-frame": Qt.SolidLine,
-    "dashed": Qt.DashLine,
-    "dotted": Qt.DotLine,
-    "dash-dot": Qt.DashDotLine,
-    "dash-dot-dot": Qt.DashDotDotLine,
-    "none": Qt.NoPen,
+    "solid": Qt.PenStyle.SolidLine,
+    "inside-frame": Qt.PenStyle.SolidLine,
+    "dashed": Qt.PenStyle.DashLine,
+    "dotted": Qt.PenStyle.DotLine,
+    "dash-dot": Qt.PenStyle.DashDotLine,
+    "dash-dot-dot": Qt.PenStyle.DashDotDotLine,
+    "none": Qt.PenStyle.NoPen,
 }
-_CAPS = {"butt": Qt.FlatCap, "round": Qt.RoundCap, "square": Qt.SquareCap}
-_JOINS = {"miter": Qt.MiterJoin, "round": Qt.RoundJoin, "bevel": Qt.BevelJoin}
+_CAPS = {
+    "butt": Qt.PenCapStyle.FlatCap,
+    "round": Qt.PenCapStyle.RoundCap,
+    "square": Qt.PenCapStyle.SquareCap,
+}
+_JOINS = {
+    "miter": Qt.PenJoinStyle.MiterJoin,
+    "round": Qt.PenJoinStyle.RoundJoin,
+    "bevel": Qt.PenJoinStyle.BevelJoin,
+}
 # Where a pattern is shorter, it is none.
 SHORTEST_PATTERN = 0.05
 
@@ -48,7 +56,7 @@ def pattern(template: Optional[dict[str, Any]]) -> list[tuple[float, float]]:
 
 
 def pen_style(style: Optional[str]) -> Any:
-    return _STYLES.get(style or "solid", Qt.SolidLine)
+    return _STYLES.get(style or "solid", Qt.PenStyle.SolidLine)
 
 
 def _stroke(symbol: Symbol, style: Any) -> QgsSimpleLineSymbolLayer:
@@ -56,7 +64,7 @@ def _stroke(symbol: Symbol, style: Any) -> QgsSimpleLineSymbolLayer:
     layer = QgsSimpleLineSymbolLayer(color, length(symbol["width"]))
     layer.setWidthUnit(POINTS)
     drawn = color.alpha() and length(symbol["width"]) > 0
-    layer.setPenStyle(style if drawn else Qt.NoPen)
+    layer.setPenStyle(style if drawn else Qt.PenStyle.NoPen)
     return layer
 
 
@@ -64,22 +72,21 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     if symbol["style"] not in _STYLES:
         losses.add("line of an unknown style", "it is drawn solid")
     layer = _stroke(symbol, pen_style(symbol["style"]))
-    solid = layer.penStyle() == Qt.SolidLine
-    layer.setPenCapStyle(Qt.RoundCap if solid else Qt.FlatCap)
-    layer.setPenJoinStyle(Qt.RoundJoin)
+    solid = layer.penStyle() == Qt.PenStyle.SolidLine
+    layer.setPenCapStyle(Qt.PenCapStyle.RoundCap if solid else Qt.PenCapStyle.FlatCap)
+    layer.setPenJoinStyle(Qt.PenJoinStyle.RoundJoin)
     return [layer]
 
 
 def _shift(layer: Any, symbol: Symbol) -> None:
     """ArcMap's offsets are positive to the left of a line, those of QGIS to the right."""
-    layer.setOffset(-number(symbol["offset"]))
-    layer.setOffsetUnit(POINTS)
+    in_points(layer, Offset=-number(symbol["offset"]))
 
 
 def _cartographic(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
-    layer = _stroke(symbol, Qt.SolidLine)
-    layer.setPenCapStyle(_CAPS.get(symbol["cap"], Qt.FlatCap))
-    layer.setPenJoinStyle(_JOINS.get(symbol["join"], Qt.MiterJoin))
+    layer = _stroke(symbol, Qt.PenStyle.SolidLine)
+    layer.setPenCapStyle(_CAPS.get(symbol["cap"], Qt.PenCapStyle.FlatCap))
+    layer.setPenJoinStyle(_JOINS.get(symbol["join"], Qt.PenJoinStyle.MiterJoin))
     _shift(layer, symbol)
     dashes = pattern(symbol["template"])
     if dashes:
@@ -116,10 +123,7 @@ def _decoration(element: dict[str, Any], line: Symbol, losses: Losses) -> list[Q
 
 def _along(layer: Any, symbol: Symbol, at: float, interval: float) -> None:
     layer.setPlacement(Placement.Interval)
-    layer.setInterval(interval)
-    layer.setIntervalUnit(POINTS)
-    layer.setOffsetAlongLine(at)
-    layer.setOffsetAlongLineUnit(POINTS)
+    in_points(layer, Interval=interval, OffsetAlongLine=at)
     _shift(layer, symbol)
 
 
@@ -144,8 +148,7 @@ def _hash(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
             layer.subSymbol().symbolLayer(0).setWidthUnit(POINTS)
         else:
             layer.setSubSymbol(line(symbol["line"], losses))
-        layer.setHashLength(length(symbol["width"]))
-        layer.setHashLengthUnit(POINTS)
+        in_points(layer, HashLength=length(symbol["width"]))
         # From the line's direction, counter-clockwise; in QGIS from across it, clockwise.
         layer.setHashAngle(90.0 - number(symbol["angle"]))
         _along(layer, symbol, at, interval)
@@ -167,13 +170,13 @@ def _markers(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     layers: list[QgsSymbolLayer] = []
     for at in places:
         layer = QgsMarkerLineSymbolLayer(True, interval)
-        layer.setSubSymbol(fill_in(QgsMarkerSymbol(), marker_layers(symbol["marker"], losses)))
+        layer.setSubSymbol(marker(symbol["marker"], losses))
         _along(layer, symbol, at, interval)
         layers.append(layer)
     return layers
 
 
-_MAKERS: dict[str, Callable[[Symbol, Losses], list[QgsSymbolLayer]]] = {
+_MAKERS: Makers = {
     "simple_line": _simple,
     "cartographic_line": _cartographic,
     "hash_line": _hash,
@@ -182,19 +185,7 @@ _MAKERS: dict[str, Callable[[Symbol, Losses], list[QgsSymbolLayer]]] = {
 
 
 def line_layers(symbol: Optional[Symbol], losses: Losses) -> list[QgsSymbolLayer]:
-    """The bottom one first, as QGIS has them."""
-    if symbol is None:
-        losses.add("symbol", "it could not be read, and nothing is drawn for it")
-        return []
-    if symbol["kind"] == "multilayer_line":
-        layers = []
-        for each in reversed(symbol["layers"]):
-            made = line_layers(each, losses)
-            for layer in made:
-                layer.setEnabled(layer.enabled() and each["enabled"])
-            layers += made
-        return layers
-    return _MAKERS[symbol["kind"]](symbol, losses)
+    return layers_of(symbol, _MAKERS, losses)
 
 
 def line(symbol: Optional[Symbol], losses: Losses) -> QgsLineSymbol:

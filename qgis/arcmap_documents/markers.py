@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import Callable, Optional, TypeVar
+from typing import Optional
 
 from qgis.core import (
     QgsEllipseSymbolLayer,
@@ -10,7 +10,6 @@ from qgis.core import (
     QgsMarkerSymbol,
     QgsMarkerSymbolLayer,
     QgsSimpleMarkerSymbolLayer,
-    QgsSymbol,
     QgsSymbolLayer,
 )
 from qgis.PyQt.QtCore import Qt
@@ -18,12 +17,13 @@ from qgis.PyQt.QtGui import QColor, QFont, QFontInfo
 
 from .losses import Losses
 from .reader import Symbol
-from .units import POINTS, is_drawn, length, number, offset, qcolor
+from .stack import Makers, fill_in, layers_of
+from .units import POINTS, in_points, is_drawn, length, number, offset, qcolor
 
-AnySymbol = TypeVar("AnySymbol", bound=QgsSymbol)
 Shape = QgsSimpleMarkerSymbolLayer
 # A cross and an x are lines, whatever the outline.
 STROKE_WIDTH = 1.0
+BOLD = 600
 
 _STYLES = {
     "circle": Shape.Circle,
@@ -48,12 +48,12 @@ _GLYPHS: dict[int, tuple[object, bool, float]] = {
     43: (Shape.Pentagon, False, 0.75),
     44: (Shape.Hexagon, False, 0.75),
     45: (Shape.Octagon, False, 0.75),
-    94: (Shape.Star, True, 1.0),
+    94: (Shape.Star, True, 1.05),
 }
 
 
 def _place(layer: QgsMarkerSymbolLayer, symbol: Symbol, turned: float = 0.0) -> None:
-    """Angle and offset; `turned` is what the shape is turned clockwise by itself."""
+    """Angle and offset; `turned` is the clockwise angle of the unrotated shape."""
     angle = turned - number(symbol["angle"])
     layer.setAngle(angle)
     layer.setOffset(offset(symbol["offset_x"], symbol["offset_y"], angle))
@@ -65,14 +65,13 @@ def _shape(
 ) -> QgsSimpleMarkerSymbolLayer:
     """Without a stroke where its width is 0. A stroke runs along the edge, half of it outside, in
     ArcMap as in QGIS."""
-    layer = Shape(shape, size)
-    layer.setSizeUnit(POINTS)
+    layer = Shape(shape)
+    in_points(layer, Size=size, StrokeWidth=width)
     layer.setColor(fill)
     layer.setStrokeColor(stroke)
-    layer.setStrokeWidthUnit(POINTS)
-    layer.setStrokeWidth(width)
-    layer.setPenJoinStyle(Qt.MiterJoin)
-    layer.setStrokeStyle(Qt.SolidLine if width > 0 and stroke.alpha() else Qt.NoPen)
+    layer.setPenJoinStyle(Qt.PenJoinStyle.MiterJoin)
+    stroked = width > 0 and stroke.alpha() > 0
+    layer.setStrokeStyle(Qt.PenStyle.SolidLine if stroked else Qt.PenStyle.NoPen)
     return layer
 
 
@@ -85,10 +84,10 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     if style not in _STYLES:
         losses.add("marker of an unknown style", "it is drawn as a circle")
     if style in ("cross", "x"):
-        layers = [(fill, STROKE_WIDTH)]
+        strokes = [(fill, STROKE_WIDTH)]
         if width:
-            layers.insert(0, (outline, STROKE_WIDTH + 2 * width))
-        shapes = [_shape(_STYLES[style], size, fill, c, w) for c, w in layers]
+            strokes.insert(0, (outline, STROKE_WIDTH + 2 * width))
+        shapes = [_shape(_STYLES[style], size, fill, *stroke) for stroke in strokes]
     else:
         shapes = [_shape(_STYLES.get(style, Shape.Circle), size, fill, outline, width)]
     for layer in shapes:
@@ -112,16 +111,23 @@ def installed(family: str) -> bool:
     return QFontInfo(QFont(family)).family().lower() == family.lower()
 
 
+def _font_character(symbol: Symbol) -> QgsFontMarkerSymbolLayer:
+    size, color = length(symbol["size"]), qcolor(symbol["color"])
+    layer = QgsFontMarkerSymbolLayer(symbol["font_name"], chr(symbol["character"]), size, color)
+    layer.setSizeUnit(POINTS)
+    font = symbol["font"]
+    if font is not None:
+        names = ["Bold"] * (font["weight"] >= BOLD) + ["Italic"] * font["italic"]
+        layer.setFontStyle(" ".join(names))
+    return layer
+
+
 def _character(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     font, code, size = symbol["font_name"], symbol["character"], length(symbol["size"])
-    layer: QgsMarkerSymbolLayer
-    shape = _glyph(symbol)
-    if shape is not None:
-        layer = shape
-    elif installed(font) and 0x20 < code < 0x110000:
-        layer = QgsFontMarkerSymbolLayer(font, chr(code), size, qcolor(symbol["color"]))
-        layer.setSizeUnit(POINTS)
-    else:
+    layer: Optional[QgsMarkerSymbolLayer] = _glyph(symbol)
+    if layer is None and installed(font) and 0x20 < code < 0x110000:
+        layer = _font_character(symbol)
+    elif layer is None:
         losses.add(
             f"character {code} of the font {font}",
             "the font is not installed, and a square is drawn instead",
@@ -133,16 +139,12 @@ def _character(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
 
 
 def _arrow(symbol: Symbol, _losses: Losses) -> list[QgsSymbolLayer]:
+    tall, wide = length(symbol["size"]), length(symbol["width"])
     layer = QgsEllipseSymbolLayer()
     layer.setShape(QgsEllipseSymbolLayer.Triangle)
-    layer.setSymbolHeight(length(symbol["size"]))
-    layer.setSymbolHeightUnit(POINTS)
-    layer.setSymbolWidth(length(symbol["width"]))
-    layer.setSymbolWidthUnit(POINTS)
-    layer.setSize(max(length(symbol["size"]), length(symbol["width"])))
-    layer.setSizeUnit(POINTS)
+    in_points(layer, SymbolHeight=tall, SymbolWidth=wide, Size=max(tall, wide))
     layer.setFillColor(qcolor(symbol["color"]))
-    layer.setStrokeStyle(Qt.NoPen)
+    layer.setStrokeStyle(Qt.PenStyle.NoPen)
     # ArcMap's arrow points to the right, the triangle up.
     _place(layer, symbol, turned=90.0)
     return [layer]
@@ -158,7 +160,7 @@ def _picture(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     return [box, cross]
 
 
-_MAKERS: dict[str, Callable[[Symbol, Losses], list[QgsSymbolLayer]]] = {
+_MAKERS: Makers = {
     "simple_marker": _simple,
     "char_marker": _character,
     "arrow_marker": _arrow,
@@ -166,33 +168,5 @@ _MAKERS: dict[str, Callable[[Symbol, Losses], list[QgsSymbolLayer]]] = {
 }
 
 
-def marker_layers(symbol: Optional[Symbol], losses: Losses) -> list[QgsSymbolLayer]:
-    """The bottom one first, as QGIS has them."""
-    if symbol is None:
-        losses.add("symbol", "it could not be read, and nothing is drawn for it")
-        return []
-    if symbol["kind"] == "multilayer_marker":
-        layers = []
-        for each in reversed(symbol["layers"]):
-            made = marker_layers(each, losses)
-            for layer in made:
-                layer.setEnabled(layer.enabled() and each["enabled"])
-            layers += made
-        return layers
-    return _MAKERS[symbol["kind"]](symbol, losses)
-
-
 def marker(symbol: Optional[Symbol], losses: Losses) -> QgsMarkerSymbol:
-    return fill_in(QgsMarkerSymbol(), marker_layers(symbol, losses))
-
-
-def fill_in(symbol: AnySymbol, layers: list[QgsSymbolLayer]) -> AnySymbol:
-    """Replaces the default layer of a new symbol. Without others it stays, switched off."""
-    # A symbol that is made from a list of layers does not own them, and crashes later.
-    for layer in layers:
-        symbol.appendSymbolLayer(layer)
-    if layers:
-        symbol.deleteSymbolLayer(0)
-    else:
-        symbol.symbolLayer(0).setEnabled(False)
-    return symbol
+    return fill_in(QgsMarkerSymbol(), layers_of(symbol, _MAKERS, losses))

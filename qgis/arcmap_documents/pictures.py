@@ -53,12 +53,12 @@ def draw_map(
     settings.setExtent(extent)
     settings.setOutputSize(size or picture_size(extent))
     settings.setOutputDpi(dpi)
-    settings.setBackgroundColor(QColor(Qt.white))
+    settings.setBackgroundColor(QColor(Qt.GlobalColor.white))
     settings.setFlag(QgsMapSettings.Antialiasing, True)
-    image = QImage(settings.outputSize(), QImage.Format_ARGB32_Premultiplied)
+    image = QImage(settings.outputSize(), QImage.Format.Format_ARGB32_Premultiplied)
     image.setDotsPerMeterX(round(dpi / _MILLIMETERS_PER_INCH * 1000))
     image.setDotsPerMeterY(round(dpi / _MILLIMETERS_PER_INCH * 1000))
-    image.fill(Qt.white)
+    image.fill(Qt.GlobalColor.white)
     painter = QPainter(image)
     job = QgsMapRendererCustomPainterJob(settings, painter)
     job.renderSynchronously()
@@ -78,16 +78,16 @@ def draw_legend(converted: ConvertedMap, dpi: float = DPI) -> QImage:
     image = QImage(
         max(1, round(size.width() * scale)),
         max(1, round(size.height() * scale)),
-        QImage.Format_ARGB32_Premultiplied,
+        QImage.Format.Format_ARGB32_Premultiplied,
     )
     image.setDotsPerMeterX(round(scale * 1000))
     image.setDotsPerMeterY(round(scale * 1000))
-    image.fill(Qt.white)
+    image.fill(Qt.GlobalColor.white)
     painter = QPainter(image)
     painter.scale(scale, scale)
     context = QgsRenderContext.fromQPainter(painter)
     context.setScaleFactor(scale)
-    painter.setRenderHint(QPainter.Antialiasing)
+    painter.setRenderHint(QPainter.RenderHint.Antialiasing)
     renderer.drawLegend(context)
     painter.end()
     return image
@@ -97,8 +97,10 @@ def draw(converted: ConvertedMap) -> QImage:
     """The map with its legend beside it."""
     map_image, legend = draw_map(converted), draw_legend(converted)
     width = map_image.width() + legend.width()
-    whole = QImage(QSize(width, max(map_image.height(), legend.height())), QImage.Format_ARGB32)
-    whole.fill(Qt.white)
+    whole = QImage(
+        QSize(width, max(map_image.height(), legend.height())), QImage.Format.Format_ARGB32
+    )
+    whole.fill(Qt.GlobalColor.white)
     painter = QPainter(whole)
     painter.drawImage(0, 0, map_image)
     painter.drawImage(map_image.width(), 0, legend)

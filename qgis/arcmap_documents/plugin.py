@@ -5,22 +5,22 @@ from __future__ import annotations
 import os
 from typing import Any, Optional
 
-from qgis.core import Qgis, QgsApplication, QgsMessageLog, QgsProject, QgsSettings
+from qgis.core import Qgis, QgsApplication, QgsMessageLog, QgsProject
 from qgis.gui import QgsCustomDropHandler
 from qgis.PyQt.QtCore import Qt
 from qgis.PyQt.QtGui import QIcon
 from qgis.PyQt.QtWidgets import QAction, QFileDialog, QMessageBox, QProgressDialog
 
+from . import settings
 from .losses import Losses
 from .project import Builder, Cancelled, view_of
 from .provider import Provider
 from .reader import Document, ReadError, find_mxdinfo
+from .settings import SettingsDialog
 from .sources import Places
 from .task import ReadTask
 
 NAME = "ArcMap Documents"
-MXDINFO_SETTING = "arcmap_documents/mxdinfo"
-FOLDER_SETTING = "arcmap_documents/last_folder"
 
 
 class DropHandler(QgsCustomDropHandler):
@@ -42,11 +42,11 @@ class ArcMapDocuments:
 
     def __init__(self, iface: Any) -> None:
         self.iface = iface
-        self.action: Optional[QAction] = None
+        self.actions: list[QAction] = []
         self.provider: Optional[Provider] = None
         self.drop_handler: Optional[DropHandler] = None
-        # Kept until it is done: QGIS does not own the Python part of a task.
-        self.task: Optional[ReadTask] = None
+        # Kept until they are done: QGIS does not own the Python part of a task.
+        self.tasks: list[ReadTask] = []
 
     def initProcessing(self) -> None:  # noqa: N802
         self.provider = Provider()
@@ -55,56 +55,70 @@ class ArcMapDocuments:
     def initGui(self) -> None:  # noqa: N802
         self.initProcessing()
         icon = QIcon(os.path.join(os.path.dirname(__file__), "icon.svg"))
-        self.action = QAction(icon, "Open ArcMap Document...", self.iface.mainWindow())
-        self.action.triggered.connect(self.choose)
-        self.iface.addPluginToMenu(NAME, self.action)
-        self.iface.addToolBarIcon(self.action)
+        self._add_action(QAction(icon, "Open ArcMap Document...", self.iface.mainWindow()))
+        self.iface.addToolBarIcon(self.actions[0])
+        self._add_action(QAction("Settings...", self.iface.mainWindow()))
+        self.actions[0].triggered.connect(self.choose)
+        self.actions[1].triggered.connect(self.configure)
         self.drop_handler = DropHandler(self)
         self.iface.registerCustomDropHandler(self.drop_handler)
 
+    def _add_action(self, action: QAction) -> None:
+        self.iface.addPluginToMenu(NAME, action)
+        self.actions.append(action)
+
     def unload(self) -> None:
-        if self.action is not None:
-            self.iface.removePluginMenu(NAME, self.action)
-            self.iface.removeToolBarIcon(self.action)
+        for task in self.tasks:
+            task.cancel()
+        for action in self.actions:
+            self.iface.removePluginMenu(NAME, action)
+            self.iface.removeToolBarIcon(action)
         if self.drop_handler is not None:
             self.iface.unregisterCustomDropHandler(self.drop_handler)
         if self.provider is not None:
             QgsApplication.processingRegistry().removeProvider(self.provider)
 
+    def configure(self) -> None:
+        SettingsDialog(self.iface.mainWindow()).exec_()
+
     def choose(self) -> None:
-        folder = QgsSettings().value(FOLDER_SETTING, "")
         path, _ = QFileDialog.getOpenFileName(
-            self.iface.mainWindow(), "Open ArcMap Document", folder, "ArcMap documents (*.mxd)"
+            self.iface.mainWindow(),
+            "Open ArcMap Document",
+            settings.text("last_folder"),
+            "ArcMap documents (*.mxd)",
         )
         if path:
-            QgsSettings().setValue(FOLDER_SETTING, os.path.dirname(path))
+            settings.store("last_folder", os.path.dirname(path))
             self.open(path)
 
     def open(self, path: str) -> None:
         """Reads the document in the background and makes it the project."""
         try:
-            mxdinfo = find_mxdinfo(QgsSettings().value(MXDINFO_SETTING, ""))
-        except ReadError as error:
+            mxdinfo, places = find_mxdinfo(settings.text("mxdinfo")), settings.places()
+        except (ReadError, ValueError) as error:
             self._fail(path, str(error))
             return
 
         def done(document: Optional[Document], error: str) -> None:
-            if document is None:
+            self.tasks.remove(task)
+            if document is not None:
+                self._build(document, places)
+            elif error:
                 self._fail(path, error)
-            else:
-                self._build(document)
 
-        self.task = ReadTask(mxdinfo, path, done)
-        QgsApplication.taskManager().addTask(self.task)
+        task = ReadTask(mxdinfo, path, done)
+        self.tasks.append(task)
+        QgsApplication.taskManager().addTask(task)
 
     def _fail(self, path: str, error: str) -> None:
         self.iface.messageBar().pushMessage(NAME, f"{path}: {error}", level=Qgis.Critical)
 
-    def _build(self, document: Document) -> None:
+    def _build(self, document: Document, places: Places) -> None:
         if QgsProject.instance().isDirty() and not self._may_replace():
             return
         dialog = QProgressDialog("Opening the document...", "Cancel", 0, 100)
-        dialog.setWindowModality(Qt.WindowModal)
+        dialog.setWindowModality(Qt.WindowModality.WindowModal)
 
         def progress(share: float) -> bool:
             dialog.setValue(int(100 * share))
@@ -114,7 +128,7 @@ class ArcMapDocuments:
         losses.add_read_losses(document.losses)
         QgsProject.instance().clear()
         try:
-            maps = Builder(QgsProject.instance(), document, Places(), losses).build(progress)
+            maps = Builder(QgsProject.instance(), document, places, losses).build(progress)
         except Cancelled:
             QgsProject.instance().clear()
             return
@@ -127,7 +141,7 @@ class ArcMapDocuments:
     def _may_replace(self) -> bool:
         question = "The project has changes that are not saved. Replace it?"
         answer = QMessageBox.question(self.iface.mainWindow(), NAME, question)
-        return bool(answer == QMessageBox.Yes)
+        return bool(answer == QMessageBox.StandardButton.Yes)
 
     def _show_losses(self, document: Document, losses: Losses) -> None:
         lines = [loss.text() for loss in losses.all()]
@@ -139,5 +153,5 @@ class ArcMapDocuments:
         box.setWindowTitle(NAME)
         box.setText(f"{os.path.basename(document.path)} is open. {len(lines)} losses:")
         box.setDetailedText("\n".join(lines))
-        box.setAttribute(Qt.WA_DeleteOnClose)
+        box.setAttribute(Qt.WidgetAttribute.WA_DeleteOnClose)
         box.open()

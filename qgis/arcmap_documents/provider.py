@@ -20,8 +20,9 @@ from qgis.core import (
     QgsSettings,
 )
 
+from .project import Cancelled
 from .reader import ReadError, documents_in, find_mxdinfo
-from .sources import Places
+from .sources import Places, mappings_of
 
 STYLES = ["qml", "sld"]
 
@@ -65,26 +66,29 @@ class ConvertDocuments(QgsProcessingAlgorithm):
         self.addOutput(QgsProcessingOutputNumber("PROJECTS", "Projects written"))
         self.addOutput(QgsProcessingOutputNumber("LOSSES", "Losses"))
 
-    def _documents(self, parameters: dict[str, Any], context: QgsProcessingContext) -> list[str]:
+    def _documents(
+        self, parameters: dict[str, Any], context: QgsProcessingContext, output: str
+    ) -> list[tuple[str, str]]:
+        """Each document with the folder to write it to: its place below the output folder."""
         document = self.parameterAsFile(parameters, "DOCUMENT", context)
         folder = self.parameterAsFile(parameters, "FOLDER", context)
-        documents = [document] if document else []
-        if folder:
-            documents += documents_in(folder, True)
+        documents = [(document, output)] if document else []
+        for path in documents_in(folder, True) if folder else ():
+            below = os.path.relpath(os.path.dirname(path), folder)
+            documents.append((path, os.path.join(output, below)))
         if not documents:
             raise QgsProcessingException("There is no document to convert")
         return documents
 
     def _options(self, parameters: dict[str, Any], context: QgsProcessingContext) -> Any:
-        from .cli import mapping
         from .conversion import Options
 
-        lines = self.parameterAsString(parameters, "MAPPINGS", context).splitlines()
+        mappings = self.parameterAsString(parameters, "MAPPINGS", context)
         search = self.parameterAsFile(parameters, "SEARCH", context) or None
         chosen = self.parameterAsEnums(parameters, "STYLES", context)
         return Options(
-            find_mxdinfo(QgsSettings().value("arcmap_documents/mxdinfo", "")),
-            Places([mapping(line) for line in lines if line.strip()], search),
+            find_mxdinfo(str(QgsSettings().value("arcmap_documents/mxdinfo", ""))),
+            Places(mappings_of(mappings), search),
             tuple(STYLES[index] for index in chosen),
             self.parameterAsBool(parameters, "PICTURES", context),
         )
@@ -95,23 +99,26 @@ class ConvertDocuments(QgsProcessingAlgorithm):
         context: QgsProcessingContext,
         feedback: QgsProcessingFeedback,
     ) -> dict[str, Any]:
-        from .conversion import convert_document
+        from .conversion import FileNames, convert_document
 
         try:
             options = self._options(parameters, context)
-        except (ReadError, ValueError, TypeError) as error:
+        except (ReadError, ValueError) as error:
             raise QgsProcessingException(str(error)) from error
-        output = self.parameterAsString(parameters, "OUTPUT", context)
-        documents = self._documents(parameters, context)
-        base = os.path.dirname(os.path.commonpath([os.path.abspath(each) for each in documents]))
+        output = self.parameterAsFileOutput(parameters, "OUTPUT", context)
+        documents = self._documents(parameters, context, output)
+        names = FileNames()
         projects = losses = 0
-        for index, path in enumerate(documents):
-            if feedback.isCanceled():
+        for index, (path, folder) in enumerate(documents):
+
+            def progress(share: float, done: int = index) -> bool:
+                feedback.setProgress(100 * (done + share) / len(documents))
+                return not feedback.isCanceled()
+
+            try:
+                result = convert_document(path, names.stem_for(path, folder), options, progress)
+            except Cancelled:
                 break
-            feedback.setProgress(100 * index / len(documents))
-            below = os.path.relpath(os.path.dirname(os.path.abspath(path)), base)
-            folder = output if len(documents) == 1 else os.path.join(output, below)
-            result = convert_document(path, folder, options)
             for loss in result.losses:
                 feedback.pushWarning(f"{path}: {loss.text()}")
             if result.error:

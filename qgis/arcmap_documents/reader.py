@@ -2,15 +2,19 @@
 
 from __future__ import annotations
 
+import contextlib
 import json
 import os
 import shutil
 import subprocess
 import sys
+import time
 from dataclasses import dataclass, field, fields
 from typing import Any, Callable, Iterator, Optional, TypeVar
 
 SCHEMA_VERSION = 2
+# In seconds, for one document.
+TIMEOUT = 300.0
 
 Symbol = dict[str, Any]
 T = TypeVar("T")
@@ -181,29 +185,54 @@ def _program_name() -> str:
     return "mxdinfo.exe" if sys.platform == "win32" else "mxdinfo"
 
 
+def _own_program() -> Optional[str]:
+    """The one that came with the plugin, if any."""
+    folder = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bin")
+    path = os.path.join(folder, _program_name())
+    if not os.path.isfile(path):
+        return None
+    if not os.access(path, os.X_OK):
+        # QGIS installs plugins from zips without the permissions of their files.
+        with contextlib.suppress(OSError):
+            os.chmod(path, 0o755)
+    return path
+
+
+def _program_of_path() -> str:
+    found = shutil.which("mxdinfo")
+    if found is None:
+        raise ReadError("mxdinfo is not installed; its path can be set in the plugin's settings")
+    return found
+
+
 def find_mxdinfo(setting: str = "") -> str:
     """The program of the setting, of the plugin's own folder, or of PATH, in this order."""
-    own_folder = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bin")
-    own = os.path.join(own_folder, _program_name())
-    for path in (setting, own if os.path.isfile(own) else None, shutil.which("mxdinfo")):
-        if path:
-            return path
-    raise ReadError("mxdinfo is not installed; its path can be set in the plugin's settings")
+    return setting or _own_program() or _program_of_path()
 
 
-def read_json(mxdinfo: str, path: str, timeout: float = 300) -> dict[str, Any]:
-    """What mxdinfo writes for a document. An unreadable document is described, too."""
+def _output_of(command: list[str], cancelled: Callable[[], bool]) -> bytes:
+    """What a program writes; it ends early if it takes too long or is not wanted any more."""
     flags = getattr(subprocess, "CREATE_NO_WINDOW", 0)
-    command = [mxdinfo, "-q", "-f", "json", "--", path]
+    pipe, ignored = subprocess.PIPE, subprocess.DEVNULL
+    end = time.monotonic() + TIMEOUT
+    with subprocess.Popen(command, stdout=pipe, stderr=ignored, creationflags=flags) as process:
+        while True:
+            try:
+                return process.communicate(timeout=0.1)[0]
+            except subprocess.TimeoutExpired as error:
+                if cancelled() or time.monotonic() > end:
+                    process.kill()
+                    raise ReadError("reading takes too long") from error
+
+
+def read_json(
+    mxdinfo: str, path: str, cancelled: Callable[[], bool] = lambda: False
+) -> dict[str, Any]:
+    """What mxdinfo writes for a document. An unreadable document is described, too."""
     try:
-        result = subprocess.run(
-            command, capture_output=True, check=False, timeout=timeout, creationflags=flags
-        )
-        data = json.loads(result.stdout)
+        data = json.loads(_output_of([mxdinfo, "-q", "-f", "json", "--", path], cancelled))
     except OSError as error:
         raise ReadError(f"{mxdinfo} cannot be run: {error.strerror}") from error
-    except subprocess.TimeoutExpired as error:
-        raise ReadError("reading takes too long") from error
     except ValueError as error:
         raise ReadError("mxdinfo ended without a result") from error
     if not isinstance(data, dict):
@@ -211,9 +240,9 @@ def read_json(mxdinfo: str, path: str, timeout: float = 300) -> dict[str, Any]:
     return data
 
 
-def read(mxdinfo: str, path: str) -> Document:
+def read(mxdinfo: str, path: str, cancelled: Callable[[], bool] = lambda: False) -> Document:
     """The document; ReadError if it is none, or if mxdinfo is of another version."""
-    document = document_of(read_json(mxdinfo, path))
+    document = document_of(read_json(mxdinfo, path, cancelled))
     if not document.readable:
         raise ReadError(document.reason or "not readable as a map document")
     return document

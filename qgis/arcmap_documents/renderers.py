@@ -24,7 +24,9 @@ from .losses import Losses
 from .markers import marker
 from .reader import LegendClass, Renderer, Symbol
 
-Value = Union[int, float, str, None]
+Value = Union[int, float, str]
+# As the document writes a value that is missing.
+NULL = "<Null>"
 
 
 def symbol_of(symbol: Optional[Symbol], geometry: Optional[str], losses: Losses) -> QgsSymbol:
@@ -38,22 +40,25 @@ def symbol_of(symbol: Optional[Symbol], geometry: Optional[str], losses: Losses)
     return makers[symbol["kind"].rsplit("_", 1)[1]](symbol, losses)
 
 
-def field_name(name: str, fields: Optional[QgsFields], losses: Losses) -> str:
-    """The field as the data names it. Names as "table.field" come from joins."""
+def field_name(
+    name: str,
+    fields: Optional[QgsFields],
+    losses: Losses,
+    consequence: str = "the data does not have it, so that its features are not drawn",
+) -> str:
+    """The field as the data names it. Names such as "table.field" come from joins."""
     if fields is None or fields.count() == 0 or fields.lookupField(name) >= 0:
         index = -1 if fields is None else fields.lookupField(name)
         return name if index < 0 else fields.at(index).name()  # type: ignore[union-attr]
     index = fields.lookupField(name.rsplit(".", 1)[-1])
     if index >= 0:
         return fields.at(index).name()
-    losses.add(f"field {name}", "the data does not have it, so that its features are not drawn")
+    losses.add(f"field {name}", consequence)
     return name
 
 
 def typed(text: str, name: str, fields: Optional[QgsFields]) -> Value:
     """The value of a text in that field: 1 is not "1"."""
-    if text == "<Null>":
-        return None
     index = -1 if fields is None else fields.lookupField(name)
     if index < 0 or not fields.at(index).isNumeric():  # type: ignore[union-attr]
         return text
@@ -64,18 +69,22 @@ def typed(text: str, name: str, fields: Optional[QgsFields]) -> Value:
     return int(value) if value.is_integer() and abs(value) < 2**53 else value
 
 
-def _categories_of(
-    entry: LegendClass, names: list[str], fields: Optional[QgsFields]
-) -> list[Value]:
-    if len(names) > 1:
-        return [", ".join(parts) for parts in entry.values]
-    return [typed(parts[0], names[0], fields) for parts in entry.values]
+def _as_text(parts: list[str], names: list[str], fields: Optional[QgsFields]) -> str:
+    """The text of several values as _values_expression writes it."""
+    if len(parts) != len(names):
+        return ", ".join(parts)
+    return ", ".join(str(typed(part, name, fields)) for part, name in zip(parts, names))
 
 
 def _values_expression(names: list[str]) -> str:
-    """One text of several fields, each as ArcMap writes it."""
+    """One text of all fields; a missing value is not the same as all other values."""
     columns = [QgsExpression.quotedColumnRef(name) for name in names]
-    return " || ', ' || ".join(f"coalesce(to_string({each}), '<Null>')" for each in columns)
+    return " || ', ' || ".join(f"coalesce(to_string({each}), '{NULL}')" for each in columns)
+
+
+def _label(entry: LegendClass, headings: set[str]) -> str:
+    """With the heading where a legend has several, for QGIS has none."""
+    return f"{entry.heading}: {entry.label}" if len(headings) > 1 and entry.heading else entry.label
 
 
 def categorized(
@@ -85,21 +94,25 @@ def categorized(
     if not names:
         losses.add("values", "the field they are of is not known, and one symbol is drawn for all")
         return single(renderer, geometry, losses)
-    result = QgsCategorizedSymbolRenderer(
-        names[0] if len(names) == 1 else _values_expression(names), []
-    )
+    as_text = len(names) > 1 or any([NULL] in entry.values for entry in renderer.classes)
+    attribute = _values_expression(names) if as_text else names[0]
+    result = QgsCategorizedSymbolRenderer(attribute, [])
+    headings = {entry.heading for entry in renderer.classes if entry.heading}
     for entry in renderer.classes:
         if entry.symbol is None:
             losses.add(f"value {entry.label or entry.values}", "it has no symbol, and is not drawn")
             continue
-        values: list[Value] = (
-            [None] if entry.all_other_values else _categories_of(entry, names, fields)
-        )
+        values: list[Optional[Value]] = [
+            _as_text(parts, names, fields) if as_text else typed(parts[0], names[0], fields)
+            for parts in entry.values
+        ]
+        if entry.all_other_values:
+            values = [None]
         if not values:
             continue
         symbol = symbol_of(entry.symbol, geometry, losses)
         value: Any = values[0] if len(values) == 1 else values
-        result.addCategory(QgsRendererCategory(value, symbol, entry.label))
+        result.addCategory(QgsRendererCategory(value, symbol, _label(entry, headings)))
     return result
 
 

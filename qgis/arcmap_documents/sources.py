@@ -8,10 +8,15 @@ from dataclasses import dataclass, field
 from functools import lru_cache
 from typing import Iterator, Optional
 
+from qgis.core import QgsDataSourceUri
+
 from .reader import Document, Source
 
-# Part of a dataset's path within its workspace; a geodatabase holds them in one file or folder.
 _GEODATABASES = ("file_geodatabase", "personal_geodatabase")
+# Files of other kinds that hold several datasets.
+_CONTAINERS = (".gpkg", ".sqlite", ".xls", ".xlsx")
+# ArcMap's names of databases: the provider of QGIS, and the port that is meant if none is stored.
+_DATABASES = {"postgresql": ("postgres", "5432"), "sqlserver": ("mssql", "")}
 
 
 @dataclass
@@ -29,6 +34,20 @@ class Location:
     provider: str
     uri: str
     found: bool
+    problem: str = "it is not found"
+
+
+def mapping(text: str) -> tuple[str, str]:
+    """A folder mapping from its text, for example C:\\data=/mnt/data"""
+    stored, separator, here = text.partition("=")
+    if not separator or not stored or not here:
+        raise ValueError(f"{text!r} is no STORED=HERE")
+    return stored, here
+
+
+def mappings_of(text: str) -> list[tuple[str, str]]:
+    """The folder mappings of a text that has one a line."""
+    return [mapping(line.strip()) for line in text.splitlines() if line.strip()]
 
 
 def parts_of(path: str) -> list[str]:
@@ -118,29 +137,56 @@ def find(path: str, relative: bool, document: Document, places: Places) -> Optio
     return None
 
 
+def _holds_several(source: Source) -> bool:
+    """Whether the workspace is the file or folder to open, and the dataset a part of it."""
+    workspace = (source.workspace or "").lower()
+    return source.kind in _GEODATABASES or workspace.endswith(_CONTAINERS)
+
+
 def _file_path(source: Source) -> str:
     """The file or folder that holds the data, as stored."""
-    if source.kind in _GEODATABASES:
+    if _holds_several(source):
         return source.workspace or ""
     return source.path or "/".join(each for each in (source.workspace, source.dataset) if each)
 
 
 def _uri(source: Source, layer_kind: str, path: str) -> str:
-    if layer_kind == "raster":
-        if source.kind == "file_geodatabase":
-            return f'OpenFileGDB:"{path}":{source.dataset}'
+    if not _holds_several(source):
         return path
-    if source.kind in _GEODATABASES or source.kind in ("sde", "service", "other"):
-        return f"{path}|layername={source.dataset}"
-    return path
+    if layer_kind == "raster":
+        return f'OpenFileGDB:"{path}":{source.dataset}'
+    # SQLite's schema is part of ArcMap's names.
+    return f"{path}|layername={(source.dataset or '').removeprefix('main.')}"
+
+
+def _server(source: Source) -> Optional[Location]:
+    """Data of a service or database that QGIS has a provider for."""
+    workspace, dataset = source.workspace or "", source.dataset or ""
+    if source.kind == "service":
+        uri = f"url='{workspace.rstrip('/')}/{dataset}'"
+        return Location("arcgisfeatureserver", uri, True)
+    stored = {key.lower(): value for key, value in re.findall(r"(\w+)=([^;]*)", workspace)}
+    _, database, server, *_ = (stored.get("instance", "") + "::").split(":")
+    if database.lower() not in _DATABASES:
+        return None
+    provider, usual_port = _DATABASES[database.lower()]
+    host, _, port = server.partition(",")
+    connection = QgsDataSourceUri()
+    connection.setConnection(
+        host, port or usual_port, stored.get("database", ""), stored.get("user", ""), ""
+    )
+    *_, schema, table = ["", *dataset.split(".")]
+    connection.setDataSource(schema, table, "shape")
+    return Location(provider, connection.uri(False), True)
 
 
 def locate(source: Source, layer_kind: str, document: Document, places: Places) -> Location:
     """Where the data of a feature or raster layer is, or was."""
     provider = "gdal" if layer_kind == "raster" else "ogr"
     stored = _file_path(source)
-    local = source.kind not in ("sde", "service") and stored != ""
-    found = find(stored, source.relative, document, places) if local else None
-    there = mapped(stored, places.mappings) or stored
-    path = found or (there if source.kind == "service" else there.replace("\\", "/"))
+    if source.kind in ("sde", "service"):
+        server = _server(source) if layer_kind == "feature" else None
+        return server or Location(provider, stored, False, "QGIS does not read it from there")
+    found = find(stored, source.relative, document, places) if stored else None
+    path = found or (mapped(stored, places.mappings) or stored).replace("\\", "/")
     return Location(provider, _uri(source, layer_kind, path), found is not None)

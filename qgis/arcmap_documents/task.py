@@ -22,12 +22,15 @@ class ReadTask(QgsTask):
 
     def run(self) -> bool:
         try:
-            self._document = read(self._mxdinfo, self._path)
+            self._document = read(self._mxdinfo, self._path, self.isCanceled)
             self._document.path = self._path
         except ReadError as error:
             self._error = str(error)
         return self._document is not None
 
     def finished(self, result: bool) -> None:
-        if not self.isCanceled():
+        """In the main thread. Without document and error if the task was cancelled."""
+        if self.isCanceled():
+            self._done(None, "")
+        else:
             self._done(self._document if result else None, self._error)

@@ -35,6 +35,13 @@ def qcolor(color: Optional[dict[str, Any]]) -> QColor:
     return QColor(color["rgb"]) if color is not None and not color["off"] else QColor(NO_COLOR)
 
 
+def in_points(layer: Any, **lengths: float) -> None:
+    """Sets lengths of a symbol layer, by the names that its setters have, each with its unit."""
+    for name, value in lengths.items():
+        getattr(layer, f"set{name}")(value)
+        getattr(layer, f"set{name}Unit")(POINTS)
+
+
 def offset(x: Optional[float], y: Optional[float], angle: float = 0.0) -> QPointF:
     """An offset to the right and up, as QGIS wants it: down, and before a turn by the angle, which
     is clockwise."""

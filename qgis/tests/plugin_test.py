@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import shutil
 import subprocess
 import sys
 import unittest
@@ -16,11 +17,10 @@ from qgis.core import (
     QgsProcessingContext,
     QgsProcessingFeedback,
     QgsProject,
-    QgsSettings,
 )
 
 import arcmap_documents
-from arcmap_documents.plugin import MXDINFO_SETTING
+from arcmap_documents import reader, settings
 
 CLI = "import sys; from arcmap_documents.cli import main; sys.exit(main())"
 
@@ -29,7 +29,7 @@ def open_documents(plugin: Any, *paths: str) -> None:
     """Waits for each, as the event loop of QGIS does."""
     for path in paths:
         plugin.drop_handler.handleFileDrop(path)
-        plugin.task.waitForFinished(60000)
+        plugin.tasks[-1].waitForFinished(60000)
         for _ in range(50):
             QgsApplication.processEvents()
 
@@ -37,7 +37,7 @@ def open_documents(plugin: Any, *paths: str) -> None:
 class Plugin(Case):
     def setUp(self) -> None:
         super().setUp()
-        QgsSettings().setValue(MXDINFO_SETTING, MXDINFO)
+        settings.store("mxdinfo", MXDINFO)
         self.iface = mock.MagicMock()
         self.iface.mainWindow.return_value = None
         self.plugin = arcmap_documents.classFactory(self.iface)
@@ -51,7 +51,7 @@ class Plugin(Case):
         names = {layer.name() for layer in QgsProject.instance().mapLayers().values()}
         self.assertEqual({"Rivers & canals", "Relief", "Towns", "Land use"}, names)
         self.assertIn("Towns", box().setDetailedText.call_args[0][0])
-        self.iface.addPluginToMenu.assert_called_once()
+        self.iface.addToolBarIcon.assert_called_once()
 
     def test_a_file_that_is_no_document_is_reported(self) -> None:
         path = os.path.join(self.folder, "bad.mxd")
@@ -63,13 +63,59 @@ class Plugin(Case):
     def test_the_processing_algorithm(self) -> None:
         registry = QgsApplication.processingRegistry()
         algorithm = registry.createAlgorithmById("arcmap_documents:convert")
-        parameters = {"DOCUMENT": SAMPLE, "OUTPUT": self.folder, "STYLES": [0]}
+        below = os.path.join(self.folder, "in", "a", "b")
+        os.makedirs(below)
+        shutil.copy(SAMPLE, below)
+        shutil.copy(SAMPLE, os.path.dirname(below))
+        output = os.path.join(self.folder, "out")
         context, feedback = QgsProcessingContext(), QgsProcessingFeedback()
+        parameters = {"FOLDER": os.path.join(self.folder, "in"), "OUTPUT": output, "STYLES": [0]}
+        QgsProject.instance().setTitle("What the user works on")
         results, ok = algorithm.run(parameters, context, feedback)
         self.assertTrue(ok)
-        self.assertEqual(1, results["PROJECTS"])
+        self.assertEqual(2, results["PROJECTS"])
         self.assertGreater(results["LOSSES"], 0)
-        self.assertIn("sample.qgz", os.listdir(self.folder))
+        for name in ("a/sample.qgz", "a/b/sample.qgz", "a/b/sample - Towns.qml"):
+            self.assertTrue(os.path.exists(os.path.join(output, name)), name)
+        self.assertEqual("What the user works on", QgsProject.instance().title())
+        feedback.cancel()
+        self.assertEqual(0, algorithm.run(parameters, context, feedback)[0]["PROJECTS"])
+        _, ok = algorithm.run({**parameters, "MAPPINGS": "C:"}, context, QgsProcessingFeedback())
+        self.assertFalse(ok)
+
+    def test_settings_are_kept_if_their_mappings_can_be_read(self) -> None:
+        dialog = settings.SettingsDialog()
+        with mock.patch("arcmap_documents.settings.QMessageBox"):
+            for mappings, expected in (("C:", []), ("C:\\d=/mnt\n\n", [("C:\\d", "/mnt")])):
+                dialog.mappings.setPlainText(mappings)
+                dialog.accept()
+                self.assertEqual(expected, settings.places().mappings)
+        settings.store("mappings", "")
+
+
+class Reading(Case):
+    def program(self, text: str) -> str:
+        """A copy of the modules with a program in their folder that is not executable yet."""
+        folder = os.path.join(self.folder, "bin")
+        os.makedirs(folder)
+        path = os.path.join(folder, "mxdinfo")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+        return path
+
+    def test_the_plugins_own_program_is_made_executable(self) -> None:
+        path = self.program("#!/bin/sh\necho '{\"schema_version\": 99}'\n")
+        with mock.patch("arcmap_documents.reader.__file__", os.path.join(self.folder, "x.py")):
+            self.assertEqual(path, reader.find_mxdinfo())
+            self.assertEqual("/other/mxdinfo", reader.find_mxdinfo("/other/mxdinfo"))
+        with self.assertRaisesRegex(reader.ReadError, "JSON of version 99"):
+            reader.read(path, "a.mxd")
+
+    def test_reading_can_be_cancelled(self) -> None:
+        path = self.program("#!/bin/sh\nexec sleep 60\n")
+        os.chmod(path, 0o700)
+        with self.assertRaises(reader.ReadError):
+            reader.read(path, "a.mxd", lambda: True)
 
 
 class Command(Case):

@@ -19,12 +19,21 @@ from qgis.core import (
     QgsWkbTypes,
 )
 
+from arcmap_documents.conversion import FileNames
 from arcmap_documents.labels import converted
 from arcmap_documents.layers import subset
 from arcmap_documents.losses import Losses
-from arcmap_documents.reader import LegendClass, ReadError, Renderer, document_of, find_mxdinfo
+from arcmap_documents.reader import (
+    Document,
+    LegendClass,
+    ReadError,
+    Renderer,
+    Source,
+    document_of,
+    find_mxdinfo,
+)
 from arcmap_documents.renderers import bounds, renderer_of
-from arcmap_documents.sources import Places, existing, find, mapped
+from arcmap_documents.sources import Places, existing, find, locate, mapped
 
 
 def points(*rows: tuple[Any, ...]) -> QgsVectorLayer:
@@ -70,13 +79,29 @@ class Renderers(Case):
             self.assertEqual([1, 2, 3, 1], found, name)
         self.assertEqual([], self.losses.all())
 
-    def test_values_of_several_fields(self) -> None:
-        layer = points((1, "a", 1), (1, "b", 1), (2, None, 1))
-        entries = classes(1, 2)
-        entries[0].values = [["1", "a"]]
-        entries[1].values = [["2", "<Null>"]]
-        renderer = Renderer("unique_values", ["n", "t"], None, entries)
-        self.assertEqual([1, None, 2], self.drawn(renderer, layer))
+    def test_values_of_several_fields_and_missing_ones(self) -> None:
+        layer = points((1, "a", 1), (1, "b", 1), (2, None, 1), (4.5, "c", 1))
+        cases: list[tuple[list[str], list[list[str]], list[Optional[int]]]] = [
+            (["n", "t"], [["1", "a"], ["2", "<Null>"], ["4,5", "c"]], [1, None, 2, 3]),
+            (["n", "t"], [["1, b"], ["2, x"]], [None, 1, None, None]),
+            (["t"], [["<Null>"], ["b"]], [None, 2, 1, None]),
+        ]
+        for names, values, expected in cases:
+            entries = classes(*range(1, len(values) + 1))
+            for entry, value in zip(entries, values):
+                entry.values = [value]
+            renderer = Renderer("unique_values", names, None, entries)
+            self.assertEqual(expected, self.drawn(renderer, layer), values)
+
+    def test_headings_are_part_of_the_labels_where_there_are_several(self) -> None:
+        entries = classes(1, 2, values=[["1"]])
+        for headings, expected in ((("A", "A"), ["1", "2"]), (("A", "B"), ["A: 1", "B: 2"])):
+            for entry, heading in zip(entries, headings):
+                entry.heading = heading
+            layer = points()
+            self.drawn(Renderer("unique_values", ["n"], None, entries), layer)
+            labels = [each.label() for each in layer.renderer().categories()]
+            self.assertEqual(expected, labels)
 
     def test_each_value_has_the_first_range_that_is_not_below_it(self) -> None:
         layer = points((0, "", 1), (2.6, "", 1), (2.605, "", 1), (3, "", 1), (3.1, "", 1))
@@ -120,6 +145,9 @@ class Parts(Case):
             "[Name]": '"Name"',
             ' [A] & ", " & [B] ': 'concat("A", \', \', "B")',
             '[A] & vbCrLf & "it\'s ""x"""': "concat(\"A\", '\\n', 'it''s \"x\"')",
+            '"<FNT size=\'14\'>" & [A] & "</FNT>"': '"A"',
+            '"<BOL>a < b</BOL>"': "'a < b'",
+            '"<ITA></ITA>"': None,
             "UCase([A])": None,
             "Function FindLabel ([A])": None,
             "[A] & ": None,
@@ -134,8 +162,8 @@ class Parts(Case):
             with open(os.path.join(self.folder, name), "wb"):
                 pass
         here = os.path.join(self.folder, "here")
-        document = type("D", (), {"path": os.path.join(here, "a.mxd"),
-                                  "last_saved_path": "C:\\p\\maps\\a.mxd"})()  # fmt: skip
+        path = os.path.join(here, "a.mxd")
+        document = Document(path, last_saved_path="C:\\p\\maps\\a.mxd")
         roads = os.path.join(here, "Data", "Roads.shp")
         cases = [
             ("D:\\x\\data\\roads.shp", False, Places([("d:/X", here)]), roads),
@@ -154,8 +182,35 @@ class Parts(Case):
         self.assertIsNone(mapped("C:\\database\\x", [("C:\\data", "/mnt")]))
         self.assertIsNone(existing(here, ["absent"]))
 
+    def test_what_is_opened(self) -> None:
+        sql = "server=h;instance=sde:postgresql:db.example,5433;database=gis;user=u"
+        cases = [
+            (Source("file_geodatabase", None, "C:\\a.gdb", "Sets", "roads"),
+             "ogr", "C:/a.gdb|layername=roads"),
+            (Source("other", None, "C:\\a.gpkg", None, "main.roads"),
+             "ogr", "C:/a.gpkg|layername=roads"),
+            (Source("service", None, "https://h.example/FeatureServer/", None, "3"),
+             "arcgisfeatureserver", "url='https://h.example/FeatureServer/3'"),
+            (Source("sde", None, sql, None, "gis.own.roads"), "postgres",
+             "dbname='gis' host=db.example port=5433 user='u' table=\"own\".\"roads\" (shape)"),
+            (Source("sde", None, "C:\\office.sde", None, "own.roads"),
+             "ogr", "C:\\office.sde/own.roads"),
+        ]  # fmt: skip
+        document = Document("/maps/a.mxd")
+        for source, provider, uri in cases:
+            found = locate(source, "feature", document, Places())
+            self.assertEqual((provider, uri), (found.provider, found.uri.strip()))
+        raster = Source("file_geodatabase", None, "C:\\a.gdb", None, "relief")
+        uri = locate(raster, "raster", document, Places()).uri
+        self.assertEqual('OpenFileGDB:"C:/a.gdb":relief', uri)
+
+    def test_files_of_the_same_name_do_not_meet(self) -> None:
+        names = FileNames()
+        stems = [names.stem_for(path, "out") for path in ("a/Plan.mxd", "b/plan.mxd", "c/CON?.mxd")]
+        self.assertEqual(["out/Plan", "out/plan 2", "out/CON_"], stems)
+
     def test_queries_and_versions(self) -> None:
-        self.assertEqual("\"A\" = 1 AND B = 'x'", subset("[A] = 1 AND B = 'x'"))
+        self.assertEqual("\"A\" = 1 AND B = '[x]'", subset("[A] = 1 AND B = '[x]'"))
         with self.assertRaises(ReadError):
             document_of({"schema_version": 1})
         self.assertEqual("/some/mxdinfo", find_mxdinfo("/some/mxdinfo"))

@@ -14,7 +14,7 @@ sys.path.insert(0, os.path.join(ROOT, "qgis"))
 
 from qgis.core import QgsApplication, QgsProject, QgsSymbol, QgsVectorLayer  # noqa: E402
 
-from arcmap_documents.conversion import Options, Result, convert_document  # noqa: E402
+from arcmap_documents.conversion import FileNames, Options, Result, convert_document  # noqa: E402
 from arcmap_documents.losses import Losses  # noqa: E402
 from arcmap_documents.sources import Places  # noqa: E402
 
@@ -35,8 +35,8 @@ _PLACE = {"angle": 0.0, "offset_x": 0.0, "offset_y": 0.0}
 _DEFAULTS: dict[str, dict[str, Any]] = {
     "simple_marker": {"style": "circle", "color": RED, "size": 8.0, **_PLACE, "outline": False,
                       "outline_width": 0.0, "outline_color": None},
-    "char_marker": {"character": 33, "font_name": "ESRI Default Marker", "color": RED,
-                    "size": 10.0, **_PLACE},
+    "char_marker": {"character": 33, "font_name": "ESRI Default Marker", "font": None,
+                    "color": RED, "size": 10.0, **_PLACE},
     "arrow_marker": {"color": RED, "size": 12.0, "width": 6.0, **_PLACE},
     "picture_marker": {"size": 12.0, **_PLACE, "colors": []},
     "multilayer_marker": {"layers": []},
@@ -78,7 +78,7 @@ class Case(unittest.TestCase):
 
     def convert(self, document: str, places: Optional[Places] = None, **options: Any) -> Result:
         chosen = Options(MXDINFO, places or Places(), **options)
-        result = convert_document(document, self.folder, chosen)
+        result = convert_document(document, FileNames().stem_for(document, self.folder), chosen)
         self.assertEqual("", result.error)
         return result
 
