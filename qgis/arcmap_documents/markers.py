@@ -48,7 +48,7 @@ _GLYPHS: dict[int, tuple[object, bool, float]] = {
     43: (Shape.Pentagon, False, 0.75),
     44: (Shape.Hexagon, False, 0.75),
     45: (Shape.Octagon, False, 0.75),
-    94: (Shape.Star, True, 1.05),
+    94: (Shape.Star, True, 1.06),
 }
 
 

@@ -12,7 +12,10 @@ os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 sys.path.insert(0, os.path.join(ROOT, "qgis"))
 
+import numpy  # noqa: E402
+
 from qgis.core import QgsApplication, QgsProject, QgsSymbol, QgsVectorLayer  # noqa: E402
+from qgis.PyQt.QtGui import QImage  # noqa: E402
 
 from arcmap_documents.conversion import FileNames, Options, Result, convert_document  # noqa: E402
 from arcmap_documents.losses import Losses  # noqa: E402
@@ -66,6 +69,15 @@ def template(*lengths: float, interval: float = 1.0) -> dict[str, Any]:
     """Filled and empty lengths in turn."""
     items = [{"filled": f, "empty": e} for f, e in zip(lengths[::2], lengths[1::2])]
     return {"interval": interval, "items": items}
+
+
+def pixels_of(image: QImage) -> Any:
+    """Rows of pixels as red, green and blue."""
+    plain = image.convertToFormat(QImage.Format.Format_RGB32)
+    bits = plain.constBits()
+    bits.setsize(plain.sizeInBytes())
+    rows = numpy.frombuffer(bits, numpy.uint8).reshape(plain.height(), plain.width(), 4)
+    return rows[..., 2::-1].astype(int)
 
 
 class Case(unittest.TestCase):
