@@ -4,6 +4,14 @@ target_compile_features(vqk_flags INTERFACE cxx_std_20)
 set(release_only $<NOT:$<CONFIG:Debug>>)
 set(hardened $<AND:$<BOOL:${VQK_HARDENING}>,${release_only}>)
 
+# Tests take longer to compile than to run.
+macro(vqk_compile_fast)
+  if(CMAKE_COMPILER_IS_GNUCXX AND VQK_WERROR)
+    string(REGEX REPLACE "-O[123]" "-Og" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+    string(REGEX REPLACE "-O[123]" "-Og" CMAKE_CXX_FLAGS_DEBUG "${CMAKE_CXX_FLAGS_DEBUG}")
+  endif()
+endmacro()
+
 if(MSVC)
   target_compile_options(
     vqk_flags INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus $<$<BOOL:${VQK_WERROR}>:/WX>

@@ -1,3 +1,5 @@
+#include "rendering/renderer.h"
+
 #include "rendering/renderer_classes.h"
 
 namespace mxd {
