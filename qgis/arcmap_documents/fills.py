@@ -15,7 +15,7 @@ from qgis.core import (
 from qgis.PyQt.QtCore import Qt
 from qgis.PyQt.QtGui import QColor
 
-from .lines import line, line_layers, pen_style
+from .lines import is_dashed, is_stroked, line, line_layers
 from .losses import Losses
 from .markers import marker
 from .reader import Symbol
@@ -39,12 +39,12 @@ def _outline(symbol: Optional[Symbol], losses: Losses) -> list[QgsSymbolLayer]:
 
 def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     layer, outline = _area(qcolor(symbol["color"])), symbol["outline"]
-    if outline is None or outline["kind"] != "simple_line":
+    if outline is None or outline["kind"] != "simple_line" or is_dashed(outline):
         return [layer, *_outline(outline, losses)]
-    if is_drawn(outline["color"]) and length(outline["width"]) > 0:
+    if is_stroked(outline):
         layer.setStrokeColor(qcolor(outline["color"]))
         in_points(layer, StrokeWidth=length(outline["width"]))
-        layer.setStrokeStyle(pen_style(outline["style"]))
+        layer.setStrokeStyle(Qt.PenStyle.SolidLine)
         layer.setPenJoinStyle(Qt.PenJoinStyle.RoundJoin)
     return [layer]
 

@@ -18,18 +18,19 @@ from .losses import Losses
 from .markers import marker
 from .reader import Symbol
 from .stack import Makers, fill_in, layers_of
-from .units import POINTS, in_points, length, number, qcolor
+from .units import POINTS, in_points, is_drawn, length, number, qcolor
 
 Placement = QgsTemplatedLineSymbolLayerBase
 
-_STYLES = {
-    "solid": Qt.PenStyle.SolidLine,
-    "inside-frame": Qt.PenStyle.SolidLine,
-    "dashed": Qt.PenStyle.DashLine,
-    "dotted": Qt.PenStyle.DotLine,
-    "dash-dot": Qt.PenStyle.DashDotLine,
-    "dash-dot-dot": Qt.PenStyle.DashDotDotLine,
-    "none": Qt.PenStyle.NoPen,
+# Filled and empty lengths in points, whatever the width, as mxdinfo draws them.
+_DASHES: dict[str, list[float]] = {
+    "solid": [],
+    "inside-frame": [],
+    "none": [],
+    "dashed": [4, 2],
+    "dotted": [1, 2],
+    "dash-dot": [4, 2, 1, 2],
+    "dash-dot-dot": [4, 2, 1, 2, 1, 2],
 }
 _CAPS = {
     "butt": Qt.PenCapStyle.FlatCap,
@@ -55,25 +56,33 @@ def pattern(template: Optional[dict[str, Any]]) -> list[tuple[float, float]]:
     return items if total > SHORTEST_PATTERN and sum(e for _, e in items) > 0 else []
 
 
-def pen_style(style: Optional[str]) -> Any:
-    return _STYLES.get(style or "solid", Qt.PenStyle.SolidLine)
+def is_stroked(symbol: Symbol) -> bool:
+    """Whether a simple or cartographic line is there at all."""
+    width = length(symbol["width"])
+    return is_drawn(symbol["color"]) and width > 0 and symbol.get("style") != "none"
 
 
-def _stroke(symbol: Symbol, style: Any) -> QgsSimpleLineSymbolLayer:
-    color = qcolor(symbol["color"])
-    layer = QgsSimpleLineSymbolLayer(color, length(symbol["width"]))
-    layer.setWidthUnit(POINTS)
-    drawn = color.alpha() and length(symbol["width"]) > 0
-    layer.setPenStyle(style if drawn else Qt.PenStyle.NoPen)
+def is_dashed(simple_line: Symbol) -> bool:
+    return bool(_DASHES.get(simple_line["style"]))
+
+
+def _stroke(symbol: Symbol, dashes: list[float]) -> QgsSimpleLineSymbolLayer:
+    layer = QgsSimpleLineSymbolLayer(qcolor(symbol["color"]))
+    in_points(layer, Width=length(symbol["width"]))
+    layer.setPenStyle(Qt.PenStyle.SolidLine if is_stroked(symbol) else Qt.PenStyle.NoPen)
+    if dashes:
+        layer.setUseCustomDashPattern(True)
+        layer.setCustomDashVector(dashes)
+        layer.setCustomDashPatternUnit(POINTS)
     return layer
 
 
 def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
-    if symbol["style"] not in _STYLES:
+    if symbol["style"] not in _DASHES:
         losses.add("line of an unknown style", "it is drawn solid")
-    layer = _stroke(symbol, pen_style(symbol["style"]))
-    solid = layer.penStyle() == Qt.PenStyle.SolidLine
-    layer.setPenCapStyle(Qt.PenCapStyle.RoundCap if solid else Qt.PenCapStyle.FlatCap)
+    dashes = _DASHES.get(symbol["style"], [])
+    layer = _stroke(symbol, dashes)
+    layer.setPenCapStyle(Qt.PenCapStyle.FlatCap if dashes else Qt.PenCapStyle.RoundCap)
     layer.setPenJoinStyle(Qt.PenJoinStyle.RoundJoin)
     return [layer]
 
@@ -84,15 +93,10 @@ def _shift(layer: Any, symbol: Symbol) -> None:
 
 
 def _cartographic(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
-    layer = _stroke(symbol, Qt.PenStyle.SolidLine)
+    layer = _stroke(symbol, [part for item in pattern(symbol["template"]) for part in item])
     layer.setPenCapStyle(_CAPS.get(symbol["cap"], Qt.PenCapStyle.FlatCap))
     layer.setPenJoinStyle(_JOINS.get(symbol["join"], Qt.PenJoinStyle.MiterJoin))
     _shift(layer, symbol)
-    dashes = pattern(symbol["template"])
-    if dashes:
-        layer.setUseCustomDashPattern(True)
-        layer.setCustomDashVector([part for item in dashes for part in item])
-        layer.setCustomDashPatternUnit(POINTS)
     layers: list[QgsSymbolLayer] = [layer]
     for decoration in symbol["decorations"]:
         layers += _decoration(decoration, symbol, losses)
@@ -149,8 +153,8 @@ def _hash(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
         else:
             layer.setSubSymbol(line(symbol["line"], losses))
         in_points(layer, HashLength=length(symbol["width"]))
-        # From the line's direction, counter-clockwise; in QGIS from across it, clockwise.
-        layer.setHashAngle(90.0 - number(symbol["angle"]))
+        # From the direction of the line, counter-clockwise; in QGIS from across it, clockwise.
+        layer.setHashAngle(270.0 - number(symbol["angle"]))
         _along(layer, symbol, at, interval)
         layers.append(layer)
     return layers

@@ -12,8 +12,8 @@ from qgis.core import (
     QgsSimpleMarkerSymbolLayer,
     QgsSymbolLayer,
 )
-from qgis.PyQt.QtCore import Qt
-from qgis.PyQt.QtGui import QColor, QFont, QFontInfo
+from qgis.PyQt.QtCore import QPointF, Qt
+from qgis.PyQt.QtGui import QColor, QFont, QFontInfo, QFontMetricsF
 
 from .losses import Losses
 from .reader import Symbol
@@ -52,11 +52,14 @@ _GLYPHS: dict[int, tuple[object, bool, float]] = {
 }
 
 
-def _place(layer: QgsMarkerSymbolLayer, symbol: Symbol, turned: float = 0.0) -> None:
-    """Angle and offset; `turned` is the clockwise angle of the unrotated shape."""
+def _place(
+    layer: QgsMarkerSymbolLayer, symbol: Symbol, turned: float = 0.0, raised: float = 0.0
+) -> None:
+    """Angle and offset. The unrotated shape is turned clockwise by an angle, and raised."""
     angle = turned - number(symbol["angle"])
     layer.setAngle(angle)
-    layer.setOffset(offset(symbol["offset_x"], symbol["offset_y"], angle))
+    place = offset(symbol["offset_x"], symbol["offset_y"], angle)
+    layer.setOffset(place - QPointF(0.0, raised))
     layer.setOffsetUnit(POINTS)
 
 
@@ -112,6 +115,7 @@ def installed(family: str) -> bool:
 
 
 def _font_character(symbol: Symbol) -> QgsFontMarkerSymbolLayer:
+    """Placed, too. ArcMap centers the font's whole height, QGIS what is above the base line."""
     size, color = length(symbol["size"]), qcolor(symbol["color"])
     layer = QgsFontMarkerSymbolLayer(symbol["font_name"], chr(symbol["character"]), size, color)
     layer.setSizeUnit(POINTS)
@@ -119,15 +123,18 @@ def _font_character(symbol: Symbol) -> QgsFontMarkerSymbolLayer:
     if font is not None:
         names = ["Bold"] * (font["weight"] >= BOLD) + ["Italic"] * font["italic"]
         layer.setFontStyle(" ".join(names))
+    sample = QFont(symbol["font_name"])
+    sample.setPixelSize(1000)
+    _place(layer, symbol, raised=QFontMetricsF(sample).descent() / 1000 * size / 2)
     return layer
 
 
 def _character(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
     font, code, size = symbol["font_name"], symbol["character"], length(symbol["size"])
-    layer: Optional[QgsMarkerSymbolLayer] = _glyph(symbol)
+    layer = _glyph(symbol)
     if layer is None and installed(font) and 0x20 < code < 0x110000:
-        layer = _font_character(symbol)
-    elif layer is None:
+        return [_font_character(symbol)]
+    if layer is None:
         losses.add(
             f"character {code} of the font {font}",
             "the font is not installed, and a square is drawn instead",

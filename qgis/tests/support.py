@@ -14,8 +14,18 @@ sys.path.insert(0, os.path.join(ROOT, "qgis"))
 
 import numpy  # noqa: E402
 
-from qgis.core import QgsApplication, QgsProject, QgsSymbol, QgsVectorLayer  # noqa: E402
-from qgis.PyQt.QtGui import QImage  # noqa: E402
+from qgis.core import (  # noqa: E402
+    QgsApplication,
+    QgsFillSymbol,
+    QgsLineSymbol,
+    QgsMapSettings,
+    QgsProject,
+    QgsRenderContext,
+    QgsSymbol,
+    QgsVectorLayer,
+)
+from qgis.PyQt.QtCore import QPointF, QSize, Qt  # noqa: E402
+from qgis.PyQt.QtGui import QImage, QPainter, QPolygonF  # noqa: E402
 
 from arcmap_documents.conversion import FileNames, Options, Result, convert_document  # noqa: E402
 from arcmap_documents.losses import Losses  # noqa: E402
@@ -78,6 +88,33 @@ def pixels_of(image: QImage) -> Any:
     bits.setsize(plain.sizeInBytes())
     rows = numpy.frombuffer(bits, numpy.uint8).reshape(plain.height(), plain.width(), 4)
     return rows[..., 2::-1].astype(int)
+
+
+def drawn(
+    made: QgsSymbol, points: list[tuple[float, float]], size: QSize, scale: int = 1
+) -> QImage:
+    """The symbol at a point, along a line or over an area. Size and points are in points of the
+    page, each of as many pixels as the scale says."""
+    image = QImage(size * scale, QImage.Format.Format_ARGB32)
+    image.fill(Qt.GlobalColor.white)
+    painter = QPainter(image)
+    settings = QgsMapSettings()
+    settings.setOutputDpi(72 * scale)
+    settings.setOutputSize(image.size())
+    context = QgsRenderContext.fromMapSettings(settings)
+    context.setPainter(painter)
+    painter.setRenderHint(QPainter.RenderHint.Antialiasing)
+    made.startRender(context)
+    shape = QPolygonF([QPointF(x * scale, y * scale) for x, y in points])
+    if isinstance(made, QgsFillSymbol):
+        made.renderPolygon(shape, None, None, context)
+    elif isinstance(made, QgsLineSymbol):
+        made.renderPolyline(shape, None, context)
+    else:
+        made.renderPoint(shape[0], None, context)
+    made.stopRender(context)
+    painter.end()
+    return image
 
 
 class Case(unittest.TestCase):

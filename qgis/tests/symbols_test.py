@@ -6,39 +6,20 @@ import math
 import unittest
 from typing import Any
 
-from support import BLACK, OFF, Case, symbol, template
+from support import BLACK, OFF, Case, drawn, symbol, template
 
-from qgis.core import QgsMapSettings, QgsRenderContext, QgsSymbol
-from qgis.PyQt.QtCore import QPointF, QSize, Qt
-from qgis.PyQt.QtGui import QColor, QImage, QPainter, QPolygonF
+from qgis.core import QgsSymbol
+from qgis.PyQt.QtCore import QSize
+from qgis.PyQt.QtGui import QColor, QImage
 
 from arcmap_documents.renderers import symbol_of
 
 SIZE = 64
 
 
-def drawn(made: QgsSymbol, points: list[tuple[float, float]], closed: bool = False) -> QImage:
-    """The symbol at a point, along a line or over an area, a pixel to the point."""
-    image = QImage(QSize(SIZE, SIZE), QImage.Format_ARGB32)
-    image.fill(Qt.white)
-    painter = QPainter(image)
-    settings = QgsMapSettings()
-    settings.setOutputDpi(72)
-    settings.setOutputSize(image.size())
-    context = QgsRenderContext.fromMapSettings(settings)
-    context.setPainter(painter)
-    context.setScaleFactor(72 / 25.4)
-    made.startRender(context)
-    shape = QPolygonF([QPointF(*point) for point in points])
-    if closed:
-        made.renderPolygon(shape, None, None, context)
-    elif len(points) > 1:
-        made.renderPolyline(shape, None, context)
-    else:
-        made.renderPoint(QPointF(*points[0]), None, context)
-    made.stopRender(context)
-    painter.end()
-    return image
+def sketch(made: QgsSymbol, points: list[tuple[float, float]]) -> QImage:
+    """With a pixel to the point."""
+    return drawn(made, points, QSize(SIZE, SIZE))
 
 
 def inked(image: QImage) -> list[tuple[int, int]]:
@@ -75,14 +56,14 @@ class Symbols(Case):
             ("simple_line", {"width": 2.0}, {"line_width": "2", "line_width_unit": "Point",
                                              "line_color": red, "line_style": "solid"}),
             ("simple_line", {"color": OFF}, {"line_style": "no"}),
-            ("simple_line", {"style": "dashed"}, {"line_style": "dash", "capstyle": "flat"}),
+            ("simple_line", {"style": "dashed"}, {"customdash": "4;2", "capstyle": "flat"}),
             ("cartographic_line", {"cap": "round", "join": "bevel", "offset": 3.0,
                                    "template": template(4, 1, 2, 3, interval=1.5)},
              {"capstyle": "round", "joinstyle": "bevel", "offset": "-3",
               "customdash": "6;1.5;3;4.5", "use_custom_dash": "1",
               "customdash_unit": "Point"}),
             ("hash_line", {"angle": 60.0, "template": template(2, 4)},
-             {"hash_angle": "30", "hash_length": "10", "interval": "6",
+             {"hash_angle": "210", "hash_length": "10", "interval": "6",
               "offset_along_line": "1"}),
             ("simple_fill", {"outline": line}, {"color": red, "style": "solid",
                                                 "outline_width": "0.5",
@@ -129,11 +110,11 @@ class Symbols(Case):
         ]
         for fields, expected in cases:
             with self.subTest(**fields):
-                self.expect_box(drawn(self.made("simple_marker", **fields), middle), expected)
+                self.expect_box(sketch(self.made("simple_marker", **fields), middle), expected)
 
     def test_an_arrow_points_to_the_right_and_turns_counter_clockwise(self) -> None:
         for angle, tip in ((0.0, (38, 32)), (90.0, (32, 26)), (180.0, (26, 32))):
-            image = drawn(self.made("arrow_marker", angle=angle), [(32.0, 32.0)])
+            image = sketch(self.made("arrow_marker", angle=angle), [(32.0, 32.0)])
             ink = inked(image)
             center = (sum(x for x, _ in ink) / len(ink), sum(y for _, y in ink) / len(ink))
             # The middle of a triangle is nearer to its base, away from the tip.
@@ -142,7 +123,7 @@ class Symbols(Case):
             self.assertGreater(lean, 3, (angle, center))
 
     def test_offsets_of_lines_are_to_the_left(self) -> None:
-        image = drawn(self.made("cartographic_line", offset=10.0), [(5.0, 32.0), (59.0, 32.0)])
+        image = sketch(self.made("cartographic_line", offset=10.0), [(5.0, 32.0), (59.0, 32.0)])
         self.expect_box(image, (5, 21, 59, 23))
 
     def test_hashes_stand_at_their_angle(self) -> None:
@@ -151,7 +132,7 @@ class Symbols(Case):
             made = self.made("hash_line", angle=angle, width=20.0, line=line,
                              template=template(1, 80, interval=1.0))  # fmt: skip
             made.symbolLayer(0).setOffsetAlongLine(27)
-            ink = inked(drawn(made, [(5.0, 32.0), (59.0, 32.0)]))
+            ink = inked(sketch(made, [(5.0, 32.0), (59.0, 32.0)]))
             top = [x for x, y in ink if y < 26]
             across = 10 * math.cos(math.radians(angle))
             self.assertAlmostEqual(31.5 + 0.8 * across, sum(top) / len(top), delta=1.6)
@@ -160,7 +141,7 @@ class Symbols(Case):
         area = [(4.0, 4.0), (60.0, 4.0), (60.0, 60.0), (4.0, 60.0), (4.0, 4.0)]
         line = symbol("simple_line", width=1.0)
         made = self.made("line_fill", angle=45.0, separation=12.0, pattern=line)
-        ink = set(inked(drawn(made, area, closed=True)))
+        ink = set(inked(sketch(made, area)))
         rising = sum((x + 4, y - 4) in ink for x, y in ink)
         falling = sum((x + 4, y + 4) in ink for x, y in ink)
         self.assertGreater(rising, 2 * falling)
@@ -169,13 +150,13 @@ class Symbols(Case):
         element = {"marker": symbol("simple_marker", size=10.0), "positions": [0.0, 1.0, 0.3],
                    "rotates": True, "flip_first": True, "flip_all": False}  # fmt: skip
         made = self.made("cartographic_line", decorations=[element])
-        self.expect_box(drawn(made, [(15.0, 32.0), (49.0, 32.0)]), (10, 27, 54, 37))
+        self.expect_box(sketch(made, [(15.0, 32.0), (49.0, 32.0)]), (10, 27, 54, 37))
         self.assertEqual(1, len(self.losses.all()))
         self.assertEqual(180.0, abs(made.symbolLayer(1).subSymbol().angle()))
 
     def test_numbers_that_mean_nothing_do_no_harm(self) -> None:
         nothing = {"size": None, "angle": None, "offset_x": float("inf"), "offset_y": 1e300}
-        drawn(self.made("simple_marker", **nothing), [(32.0, 32.0)])
+        sketch(self.made("simple_marker", **nothing), [(32.0, 32.0)])
         made = self.made("line_fill", separation=0.0, pattern=symbol("simple_line"))
         self.assertGreater(made.symbolLayer(0).distance(), 0)
         for kind in ("multilayer_marker", "multilayer_line", "multilayer_fill"):
