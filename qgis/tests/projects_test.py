@@ -8,12 +8,13 @@ import subprocess
 import unittest
 from typing import Any, Optional
 
-from support import MXDINFO, SAMPLE, SHARED, Case, symbol
+from support import MXDINFO, SAMPLE, SHARED, Case, feature_layer, simple, symbol
 
 from qgis.core import (
     QgsFeature,
     QgsProject,
     QgsRenderContext,
+    QgsUnitTypes,
     QgsVectorFileWriter,
     QgsVectorLayer,
     QgsWkbTypes,
@@ -24,7 +25,10 @@ from arcmap_documents.labels import converted
 from arcmap_documents.layers import subset
 from arcmap_documents.losses import Losses
 from arcmap_documents.reader import (
+    CoordinateSystem,
     Document,
+    LabelClass,
+    Labels,
     LegendClass,
     ReadError,
     Renderer,
@@ -137,6 +141,57 @@ class Renderers(Case):
         self.drawn(Renderer("unique_values", [], None, []), layer)
         self.drawn(Renderer("unique_values", ["absent"], None, classes(1, values=[["a"]])), layer)
         self.assertEqual(4, len(self.losses.all()), [loss.text() for loss in self.losses.all()])
+
+
+class Saved(Case):
+    def test_renderers(self) -> None:
+        values = classes(1, 2, 3, heading="Kind")
+        values[0].values, values[1].values = [["a", "1"], ["b", "1"]], [["c", "2"]]
+        values[2].all_other_values = True
+        breaks = classes(9, 5)
+        breaks[0].min, breaks[0].max, breaks[1].min, breaks[1].max = 10.5, 20.0, 0.0, 10.0
+        one, unique, ranged = self.saved(
+            feature_layer("one", simple(symbol("simple_line", width=3.0))),
+            feature_layer("unique", Renderer("unique_values", ["t", "u"], None, values)),
+            feature_layer("ranged", Renderer("class_breaks", ["n"], "d", breaks)),
+        )
+        self.assertEqual(3.0, one.renderer().symbol().width())
+        self.assertEqual(
+            [(["a, 1", "b, 1"], "1", 1.0), ("c, 2", "2", 2.0), ("", "3", 3.0)],
+            [(each.value() or "", each.label(), each.symbol().size())
+             for each in unique.renderer().categories()],
+        )  # fmt: skip
+        self.assertIn('to_string("t")', unique.renderer().classAttribute())
+        self.assertEqual('"n" / "d"', ranged.renderer().classAttribute())
+        ranges = ranged.renderer().ranges()
+        found = [(each.upperValue(), each.label(), each.symbol().size()) for each in ranges]
+        self.assertEqual([(20.0, "9", 9.0), (10.0, "5", 5.0)], found)
+        self.assertTrue(0.0 == ranges[1].lowerValue() and 10.0 < ranges[0].lowerValue() < 10.5)
+        self.assertTrue(ranged.renderer().orderByEnabled())
+
+    def test_layers(self) -> None:
+        font = {"name": "DejaVu Sans", "size": 11.0}
+        labels = Labels(False, [LabelClass('[N] & "!"', "#102030", font)])
+        system = CoordinateSystem("projected", "UTM", 32648, None)
+        made = feature_layer(
+            "made", simple(symbol("simple_fill")), min_scale=5000.0, max_scale=100.0,
+            visible=False, definition_query="[N] = '[1]'", display_field="N", labels=labels,
+            coordinate_system=system,
+        )  # fmt: skip
+        (layer,) = self.saved(made)
+        self.assertEqual((5000.0, 100.0), (layer.minimumScale(), layer.maximumScale()))
+        self.assertTrue(layer.hasScaleBasedVisibility())
+        self.assertEqual("\"N\" = '[1]'", layer.subsetString())
+        self.assertEqual('"N"', layer.displayExpression())
+        self.assertEqual("EPSG:32648", layer.crs().authid())
+        self.assertFalse(QgsProject.instance().layerTreeRoot().findLayer(layer).isVisible())
+        settings = layer.labeling().settings()
+        self.assertEqual("concat(\"N\", '!')", settings.fieldName)
+        text = settings.format()
+        self.assertEqual(("#102030", 11.0, "DejaVu Sans"),
+                         (text.color().name(), text.size(), text.font().family()))  # fmt: skip
+        self.assertEqual(QgsUnitTypes.RenderPoints, text.sizeUnit())
+        self.assertFalse(layer.labelsEnabled())
 
 
 class Parts(Case):

@@ -29,6 +29,15 @@ from qgis.PyQt.QtGui import QImage, QPainter, QPolygonF  # noqa: E402
 
 from arcmap_documents.conversion import FileNames, Options, Result, convert_document  # noqa: E402
 from arcmap_documents.losses import Losses  # noqa: E402
+from arcmap_documents.project import Builder  # noqa: E402
+from arcmap_documents.reader import (  # noqa: E402
+    Document,
+    Layer,
+    LegendClass,
+    Map,
+    Renderer,
+    Source,
+)
 from arcmap_documents.sources import Places  # noqa: E402
 
 MXDINFO = os.environ.get("MXDINFO", "mxdinfo")
@@ -117,6 +126,18 @@ def drawn(
     return image
 
 
+def feature_layer(name: str, renderer: Renderer, **fields: Any) -> Layer:
+    """A layer whose data is missing, of the geometry that its first symbol needs."""
+    kind = renderer.classes[0].symbol["kind"].rsplit("_", 1)[1]  # type: ignore[index]
+    geometry = {"marker": "point", "line": "polyline", "fill": "polygon"}[kind]
+    source = Source("shapefile", None, "C:\\gone", None, name, f"C:\\gone\\{name}.shp")
+    return Layer("feature", name, source=source, geometry=geometry, renderer=renderer, **fields)
+
+
+def simple(drawn_with: dict[str, Any]) -> Renderer:
+    return Renderer("simple", classes=[LegendClass(symbol=drawn_with)])
+
+
 class Case(unittest.TestCase):
     def setUp(self) -> None:
         scratch = tempfile.TemporaryDirectory()
@@ -138,9 +159,16 @@ class Case(unittest.TestCase):
         self.assertTrue(project.read(result.project))
         return project
 
+    def saved(self, *layers: Layer) -> list[QgsVectorLayer]:
+        """The layers of a document without data, as QGIS reads them from the project's file."""
+        project, path = QgsProject(), os.path.join(self.folder, "saved.qgz")
+        document = Document(os.path.join(self.folder, "a.mxd"), maps=[Map("Map", layers=[*layers])])
+        Builder(project, document, Places(), self.losses).build()
+        self.assertTrue(project.write(path))
+        project.clear()
+        project = QgsProject.instance()
+        self.assertTrue(project.read(path))
+        return [node.layer() for node in project.layerTreeRoot().findLayers()]
+
     def layer(self, project: QgsProject, name: str) -> QgsVectorLayer:
         return project.mapLayersByName(name)[0]
-
-    def properties(self, made: QgsSymbol) -> list[dict[str, str]]:
-        """Of the symbol's layers, from the bottom up."""
-        return [each.properties() for each in made.symbolLayers()]

@@ -6,7 +6,7 @@ import math
 import unittest
 from typing import Any
 
-from support import BLACK, OFF, Case, drawn, symbol, template
+from support import BLACK, OFF, Case, drawn, feature_layer, simple, symbol, template
 
 from qgis.core import QgsSymbol
 from qgis.PyQt.QtCore import QSize
@@ -70,15 +70,32 @@ class Symbols(Case):
                                                 "outline_color": "0,0,0,255"}),
             ("simple_fill", {"color": OFF}, {"style": "no", "outline_style": "no"}),
             ("line_fill", {"angle": 45.0, "pattern": line}, {"angle": "45", "distance": "8"}),
+            ("arrow_marker", {"angle": 30.0}, {"angle": "60", "symbol_name": "triangle",
+                                               "symbol_height": "12", "symbol_width": "6",
+                                               "color": red}),
+            ("picture_marker", {"size": 20.0}, {"name": "square", "size": "16"}),
+            ("char_marker", {"font_name": "No Such Font", "size": 10.0}, {"name": "square",
+                                                                         "size": "7"}),
+            ("marker_line", {"marker": symbol("simple_marker"), "template": template(2, 6),
+                             "offset": 1.5}, {"interval": "8", "offset_along_line": "1",
+                                              "offset": "-1.5", "interval_unit": "Point"}),
+            ("picture_fill", {}, {"style": "dense4", "color": red}),
+            ("marker_fill", {"random": True, "marker": symbol("simple_marker")},
+             {"density_area": "120", "density_area_unit": "Point"}),
+            ("multilayer_line", {"layers": [symbol("hash_line"), symbol("simple_line")]},
+             {"line_width": "2"}),
+            ("multilayer_marker", {"layers": [symbol("char_marker"), symbol("simple_marker")]},
+             {"size": "8"}),
+            ("multilayer_fill", {"layers": [symbol("line_fill"), symbol("simple_fill")]},
+             {"style": "solid"}),
             ("marker_fill", {"marker": symbol("simple_marker")}, {"distance_x": "10",
                                                                   "distance_y": "12"}),
         ]  # fmt: skip
-        for kind, fields, expected in cases:
+        layers = [feature_layer(kind, simple(symbol(kind, **fields))) for kind, fields, _ in cases]
+        for layer, (kind, _, expected) in zip(self.saved(*layers), cases):
             with self.subTest(kind=kind, **expected):
-                made = self.made(kind, **fields)
-                found = made.symbolLayer(0).properties()
+                found = layer.renderer().symbol().symbolLayer(0).properties()
                 self.assertEqual(expected, {key: found.get(key) for key in expected})
-        self.assertEqual([], self.losses.all())
 
     def test_stand_ins_are_losses(self) -> None:
         self.made("picture_marker")
