@@ -38,6 +38,7 @@ class Tmxd_stream_m final : public Tmxd_stream {
                            std::uint64_t count) override;
 
   std::span<std::uint8_t> bytes() { return data_; }
+  std::span<const std::uint8_t> bytes() const { return data_; }
 
  private:
   // Empty if the product overflows.

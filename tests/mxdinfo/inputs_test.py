@@ -68,7 +68,7 @@ class Inputs(Case):
         self.assertEqual(("", ""), self.run_mxdinfo("-r", "-o", "out.txt", "b.mxd"))
         with open(os.path.join(self.folder, "out.txt"), encoding="utf-8") as file:
             self.assertIn("b.mxd", file.read())
-        self.assertIn("b.mxd: 1 maps", self.run_mxdinfo("-v", "b.mxd")[1])
+        self.assertIn("b.mxd: 1 map, 2 layers, 0 losses", self.run_mxdinfo("-v", "b.mxd")[1])
 
     def test_losses(self):
         self.write("lossy.mxd", documents.lossy_document())

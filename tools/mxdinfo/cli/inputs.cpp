@@ -28,6 +28,7 @@ void walk(const std::string& folder, bool recursive, Inputs& inputs) {
   auto entries = list_folder(folder);
   if (!entries) {
     inputs.failures.push_back(utf8_of_path(folder) + ": the folder cannot be read");
+    inputs.unreadable_folders.push_back(folder);
     return;
   }
   std::sort(entries->begin(), entries->end(),
@@ -66,6 +67,7 @@ void add_list(const Options& options, Inputs& inputs) {
   auto text = contents(options.files_from);
   if (!text) {
     inputs.failures.push_back(utf8_of_path(options.files_from) + ": the list cannot be read");
+    inputs.list_failed = true;
     return;
   }
   const std::string list = list_text(std::move(*text));

@@ -13,6 +13,8 @@ struct Inputs {
   std::vector<std::string> paths;
   // Messages about folders and lists that cannot be read.
   std::vector<std::string> failures;
+  std::vector<std::string> unreadable_folders;
+  bool list_failed = false;
   // One file is named; no folder and no list.
   bool single = false;
 };

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "core/load.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/facts/display_text.h"
+#include "storage/compound_file.h"
 #include "storage/file_stream.h"
 #include "storage/memory_stream.h"
 #include "storage/unicode.h"
@@ -64,16 +66,28 @@ class Counting_stream final : public mxd::Tmxd_stream {
   std::uint64_t bytes_read_ = 0;
 };
 
+bool load_maps(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& report) {
+  if (!mxd::read_named_stream(file, mxd::from_ascii("Maps"), report.maps)) return false;
+  Error_collector errors(report.errors);
+  mxd::Load load(errors, report.maps.get_size());
+  return report.content.load_maps(report.maps, path, load);
+}
+
 void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& report) {
   report.size = file.get_size();
-  Error_collector errors(report.errors);
   Counting_stream stream(file);
-  if (!report.content.load(stream, path, errors)) {
-    report.failure = "not readable as a map document";
+  if (!load_maps(stream, path, report)) {
+    report.failure = not_a_document;
     return;
   }
   report.bytes_read = std::min(stream.bytes_read(), report.size);
-  report.outline = mxd::read_outline(report.content, file);
+  mxd::Tmxd_stream_m version;
+  mxd::Tmxd_stream_m metadata;
+  // A missing stream is empty.
+  static_cast<void>(mxd::read_named_stream(file, mxd::from_ascii("Version"), version));
+  static_cast<void>(mxd::read_named_stream(file, mxd::from_ascii("Metadata"), metadata));
+  report.outline =
+      mxd::read_outline(report.content, {report.maps.bytes(), version.bytes(), metadata.bytes()});
 }
 
 }  // namespace
@@ -81,6 +95,7 @@ void load_stream(mxd::Tmxd_stream& file, const mxd::Wide_string& path, Report& r
 void load(const std::string& path, Report& report) {
   const mxd::Wide_string wide_path = mxd::path_from_bytes(path);
   report.name = utf8(wide_path);
+  if (report.name != path) report.name_bytes = path;
   if (path == "-") {
     mxd::Tmxd_stream_m bytes;
     if (read_standard_input(bytes)) {
@@ -90,8 +105,11 @@ void load(const std::string& path, Report& report) {
     }
     return;
   }
+  // Before the content: if the file changes meanwhile, its time shows that.
+  const auto status = file_status(path);
   mxd::Tmxd_stream_f file;
   if (file.open(wide_path, mxd::from_ascii("rb"))) {
+    if (status) report.modified = status->modified;
     load_stream(file, wide_path, report);
   } else {
     report.failure = "cannot be opened";

@@ -39,6 +39,7 @@ struct Raw_options {
   Options options;
   bool dump = false;
   std::string xml_file;
+  std::string inventory;
   bool layers = false, sources = false, coordinate_systems = false, symbols = false, losses = false;
 };
 
@@ -104,6 +105,23 @@ void add_outputs(CLI::App& app, Raw_options& raw) {
       ->excludes(format);
 }
 
+void add_inventory_options(CLI::App& app, Raw_options& raw) {
+  auto* group = app.add_option_group("Inventory", "what changed since the last run");
+  auto* update =
+      group
+          ->add_option("--update", raw.inventory,
+                       "write ndjson to INVENTORY; read only documents that changed since")
+          ->type_name("INVENTORY")
+          ->check(not_empty);
+  for (const char* other : {"--output", "--format", "--dump", "--xml"}) {
+    update->excludes(app.get_option(other));
+  }
+  group
+      ->add_flag("--diff", raw.options.diff,
+                 "what changed from one FILE to the next: documents or inventories (text, json)")
+      ->excludes(update);
+}
+
 void add_views(CLI::App& app, Raw_options& raw) {
   auto* views = app.add_option_group("Views", "parts of the text");
   views->add_flag("--layers", raw.layers, "a line for each layer");
@@ -137,6 +155,11 @@ Options resolved(const Raw_options& raw) {
     options.format = Format::xml;
     options.output = raw.xml_file;
   }
+  if (!raw.inventory.empty()) {
+    options.format = Format::ndjson;
+    options.output = raw.inventory;
+    options.update = true;
+  }
   options.view = raw.layers               ? View::layers
                  : raw.sources            ? View::sources
                  : raw.coordinate_systems ? View::coordinate_systems
@@ -150,10 +173,19 @@ Options resolved(const Raw_options& raw) {
   return options;
 }
 
+[[noreturn]] void wrong(const char* name, const char* message) {
+  throw CLI::ValidationError(name, message);
+}
+
+void check_diff(const Options& options, bool plain) {
+  if (options.inputs.size() != 2 || !options.files_from.empty()) {
+    wrong("--diff", "takes two files: the old one and the new one");
+  }
+  const bool shown = options.format == Format::text || options.format == Format::json;
+  if (!shown || !plain) wrong("--diff", "goes with text and json, without views and searches");
+}
+
 void check(const Options& options) {
-  const auto wrong = [](const char* name, const char* message) {
-    throw CLI::ValidationError(name, message);
-  };
   if (options.inputs.empty() && options.files_from.empty()) throw CLI::RequiredError("FILE");
   const auto uses_of_input =
       std::count(options.inputs.begin(), options.inputs.end(), "-") + (options.files_from == "-");
@@ -171,6 +203,9 @@ void check(const Options& options) {
   if (options.view != View::tree && options.view != View::losses && !text) {
     wrong("--format", "views are of the text");
   }
+  const bool plain = options.view == View::tree && options.find_source.empty();
+  if (options.update && !plain) wrong("--update", "does not go with views and searches");
+  if (options.diff) check_diff(options, plain);
   if (!options.find_source.empty() && !table) wrong("--find-source", "goes with text and csv");
 }
 
@@ -202,6 +237,7 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
   app.allow_windows_style_options(false);
   add_inputs(app, raw.options);
   add_outputs(app, raw);
+  add_inventory_options(app, raw);
   add_views(app, raw);
   add_general_options(app, raw.options);
   try {

@@ -27,6 +27,10 @@ struct Options {
 
   Format format = Format::text;
   std::string output;
+  // The output is an inventory, whose lines about unchanged documents are kept.
+  bool update = false;
+  // The inputs are an old and a new document, or two inventories.
+  bool diff = false;
   View view = View::tree;
   std::string find_source;
   Color_mode color_mode = Color_mode::automatic;

@@ -2,6 +2,7 @@
 // bytes.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -19,6 +20,16 @@ bool color_is_welcome();
 std::FILE* binary_standard_input();
 // Null if the file cannot be opened.
 std::FILE* open_for_reading(const std::string& path);
+// Also beyond 2 GiB.
+bool seek_file(std::FILE* file, std::uint64_t position);
+
+struct File_status {
+  std::uint64_t size = 0;
+  // In microseconds since 1970 UTC.
+  std::int64_t modified = 0;
+};
+// Empty if there is no such file, or it is a folder or device.
+std::optional<File_status> file_status(const std::string& path);
 
 struct Folder_entry {
   std::string name;

@@ -38,6 +38,19 @@ std::FILE* open_for_reading(const std::string& path) {
   return std::fopen(path.c_str(), "rb");
 }
 
+bool seek_file(std::FILE* file, std::uint64_t position) {
+  return fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0;
+}
+
+std::optional<File_status> file_status(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  constexpr std::int64_t per_second = 1000000;
+  const std::int64_t microseconds = status.st_mtim.tv_nsec / 1000;
+  return File_status{static_cast<std::uint64_t>(status.st_size),
+                     status.st_mtim.tv_sec * per_second + microseconds};
+}
+
 std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
   std::vector<Folder_entry> entries;
   std::error_code error;

@@ -68,6 +68,23 @@ std::FILE* open_for_reading(const std::string& path) {
   return _wfopen_s(&file, extended_path(path).c_str(), L"rb") == 0 ? file : nullptr;
 }
 
+bool seek_file(std::FILE* file, std::uint64_t position) {
+  return _fseeki64(file, static_cast<std::int64_t>(position), SEEK_SET) == 0;
+}
+
+std::optional<File_status> file_status(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data = {};
+  const std::wstring full = extended_path(path);
+  if (!GetFileAttributesExW(full.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return std::nullopt;
+  const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+  // File times count 100 ns from the year 1601.
+  constexpr std::int64_t unix_epoch = 11644473600000000;
+  const auto since_1601 = static_cast<std::int64_t>(
+      join(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime) / 10);
+  return File_status{join(data.nFileSizeHigh, data.nFileSizeLow), since_1601 - unix_epoch};
+}
+
 std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
   std::vector<Folder_entry> entries;
   WIN32_FIND_DATAW found = {};

@@ -50,8 +50,11 @@ void Progress::print(const std::string& lines) {
 void Progress::end(const Totals& totals) {
   erase();
   std::string line = "mxdinfo: " + plural(totals.documents, "document");
+  if (totals.unchanged != 0) line += fmt::format(", {} of them unchanged", totals.unchanged);
+  if (totals.gone != 0) line += fmt::format(", {} gone", totals.gone);
   if (totals.unreadable != 0) line += fmt::format(", {} of them unreadable", totals.unreadable);
-  line += ", " + plural(totals.maps, "map") + ", " + plural(totals.layers, "layer");
+  line += totals.unchanged == 0 ? ", " : "; read: ";
+  line += plural(totals.maps, "map") + ", " + plural(totals.layers, "layer");
   if (totals.decoded_layers != totals.layers) {
     line += fmt::format(" ({} of them not decoded)", totals.layers - totals.decoded_layers);
   }

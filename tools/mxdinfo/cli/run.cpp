@@ -10,20 +10,19 @@
 #include "mxdinfo/cli/inputs.h"
 #include "mxdinfo/cli/load.h"
 #include "mxdinfo/cli/options.h"
-#include "mxdinfo/cli/output_file.h"
+#include "mxdinfo/cli/output.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/losses.h"
+#include "mxdinfo/facts/plural.h"
+#include "mxdinfo/inventory/kept_lines.h"
+#include "mxdinfo/inventory/run_diff.h"
 #include "mxdinfo/output/bounded_text.h"
 #include "mxdinfo/output/report_writer.h"
 
 namespace mxdinfo {
 namespace {
-
-std::string error_message(const std::string& name, std::string_view what) {
-  return fmt::format("mxdinfo: {}: {}", escape_controls(name), what);
-}
 
 std::string loss_messages(const Report& report) {
   constexpr std::size_t max_size = std::size_t{1} << 20;
@@ -35,45 +34,18 @@ std::string loss_messages(const Report& report) {
   return messages.take();
 }
 
-class Output {
- public:
-  Output(const Options& options, Line_ends line_ends)
-      : name_(options.output.empty() ? "standard output" : utf8_of_path(options.output)),
-        file_(options.output, line_ends) {
-    if (!file_.file()) report_failure();
-  }
-
-  // Null if the file cannot be opened, which is reported.
-  std::FILE* file() const { return file_.file(); }
-
-  bool write(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), file()) != text.size()) failed_ = true;
-    return !failed_;
-  }
-
-  // Whether everything was written; reports a failure.
-  bool commit() {
-    const bool complete = !failed_ && file_.commit();
-    if (!complete) report_failure();
-    return complete;
-  }
-
- private:
-  void report_failure() const { print_stderr(error_message(name_, "cannot be written") + "\n"); }
-
-  std::string name_;
-  Output_file file_;
-  bool failed_ = false;
-};
-
 // One run over all inputs.
 class Run {
  public:
-  Run(const Options& options, const Inputs& inputs, bool to_terminal)
+  // Without kept lines, which may be null, every input is read.
+  Run(const Options& options, const Inputs& inputs, const Kept_lines* kept, bool to_terminal)
       : options_(options),
         inputs_(inputs),
+        kept_(kept),
         progress_(inputs.paths.size(), !options.quiet && inputs.paths.size() > 1 &&
-                                           is_terminal(stderr) && !to_terminal) {}
+                                           is_terminal(stderr) && !to_terminal) {
+    if (kept) totals_.gone = kept->gone();
+  }
 
   // Writes XML directly to the file, as the library itself does.
   Exit_code save_xml() {
@@ -81,7 +53,7 @@ class Run {
     load(inputs_.paths.front(), report);
     record({summary_of(report), {}, loss_messages(report)});
     if (!report.failure.empty()) return Exit_code::some_unreadable;
-    Output output(options_, Line_ends::system);
+    Output output(options_.output, Line_ends::system);
     if (!output.file()) return Exit_code::some_unreadable;
     report.content.write_xml(output.file());
     return output.commit() ? exit_code() : Exit_code::some_unreadable;
@@ -89,7 +61,7 @@ class Run {
 
   Exit_code write_all() {
     const auto line_ends = options_.format == Format::dump ? Line_ends::system : Line_ends::kept;
-    Output output(options_, line_ends);
+    Output output(options_.output, line_ends);
     if (!output.file()) return Exit_code::some_unreadable;
     const auto writer = make_writer(options_);
     output.write(writer->begin());
@@ -116,6 +88,9 @@ class Run {
     Report report;
     report.index = index;
     try {
+      if (kept_) {
+        if (auto line = kept_->line_of(inputs_.paths[index])) return std::move(*line);
+      }
       load(inputs_.paths[index], report);
       auto [text, is_complete] = writer.document(report);
       Rendered_document result{summary_of(report), std::move(text), loss_messages(report)};
@@ -153,10 +128,10 @@ class Run {
     totals_.add(summary);
     if (!summary.failure.empty()) {
       progress_.print_line(error_message(summary.name, summary.failure));
-    } else if (options_.verbose) {
-      progress_.print_line(
-          error_message(summary.name, fmt::format("{} maps, {} layers, {} losses", summary.maps,
-                                                  summary.layers, summary.losses)));
+    } else if (options_.verbose && !summary.is_unchanged) {
+      progress_.print_line(error_message(
+          summary.name, plural(summary.maps, "map") + ", " + plural(summary.layers, "layer") +
+                            ", " + plural(summary.losses, "loss", "losses")));
     }
     if (!options_.quiet) progress_.print(result.messages);
     progress_.count(totals_);
@@ -164,17 +139,32 @@ class Run {
 
   Exit_code exit_code() const {
     if (totals_.unreadable != 0 || !inputs_.failures.empty()) return Exit_code::some_unreadable;
-    return options_.strict && totals_.losses != 0 ? Exit_code::some_errors : Exit_code::all_read;
+    const bool lossy = totals_.losses + totals_.unchanged_with_losses != 0;
+    return options_.strict && lossy ? Exit_code::some_errors : Exit_code::all_read;
   }
 
   const Options& options_;
   const Inputs& inputs_;
+  const Kept_lines* kept_;
   Progress progress_;
   Totals totals_;
 };
 
+// False if the old inventory is none.
+bool keep_lines(const Options& options, Inputs& inputs, std::optional<Kept_lines>& kept) {
+  const std::string name = utf8_of_path(options.output);
+  if (!file_status(options.output)) return true;
+  auto old = Inventory_file::open(options.output);
+  if (!old) {
+    print_stderr(error_message(name, "is no inventory, and not overwritten") + "\n");
+    return false;
+  }
+  kept.emplace(std::move(old), options.inputs, inputs);
+  return true;
+}
+
 Exit_code run_options(Options& options) {
-  const Inputs inputs = find_inputs(options);
+  Inputs inputs = find_inputs(options);
   options.single = inputs.single;
   for (const std::string& failure : inputs.failures) {
     print_stderr("mxdinfo: " + escape_controls(failure) + "\n");
@@ -190,7 +180,11 @@ Exit_code run_options(Options& options) {
                  "\n");
     return Exit_code::wrong_usage;
   }
-  Run run(options, inputs, options.output.empty() && is_terminal(stdout));
+  // Without the list, every document would leave the inventory.
+  if (options.update && inputs.list_failed) return Exit_code::some_unreadable;
+  std::optional<Kept_lines> kept;
+  if (options.update && !keep_lines(options, inputs, kept)) return Exit_code::wrong_usage;
+  Run run(options, inputs, kept ? &*kept : nullptr, options.output.empty() && is_terminal(stdout));
   return options.format == Format::xml ? run.save_xml() : run.write_all();
 }
 
@@ -208,7 +202,8 @@ int run(int argc, const char* const* argv) {
   try {
     auto parsed = parse_options(argc, argv);
     if (const auto* code = std::get_if<Exit_code>(&parsed)) return static_cast<int>(*code);
-    return static_cast<int>(run_options(std::get<Options>(parsed)));
+    auto& options = std::get<Options>(parsed);
+    return static_cast<int>(options.diff ? run_diff(options) : run_options(options));
   } catch (const std::bad_alloc&) {
     print_stderr("mxdinfo: out of memory\n");
   } catch (const std::exception&) {

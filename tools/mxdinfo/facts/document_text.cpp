@@ -44,4 +44,16 @@ std::string date_text(double days) {
                      time / minutes_per_hour, time % minutes_per_hour);
 }
 
+std::string time_text(std::int64_t microseconds) {
+  namespace chrono = std::chrono;
+  const chrono::sys_time<chrono::microseconds> time{chrono::microseconds(microseconds)};
+  const auto day = chrono::floor<chrono::days>(time);
+  const chrono::year_month_day date(day);
+  const chrono::hh_mm_ss clock(time - day);
+  return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}.{:06}Z", static_cast<int>(date.year()),
+                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                     clock.hours().count(), clock.minutes().count(), clock.seconds().count(),
+                     clock.subseconds().count());
+}
+
 }  // namespace mxdinfo

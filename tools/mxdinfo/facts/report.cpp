@@ -24,7 +24,8 @@ void Totals::add(const Summary& summary) {
   maps += summary.maps;
   layers += summary.layers;
   decoded_layers += summary.decoded_layers;
-  losses += summary.losses;
+  (summary.is_unchanged ? unchanged_with_losses : losses) += summary.losses;
+  if (summary.is_unchanged) ++unchanged;
 }
 
 }  // namespace mxdinfo

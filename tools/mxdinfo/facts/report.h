@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,12 +22,18 @@ struct Report {
   // The position among all inputs.
   std::size_t index = 0;
   std::string name;
+  // The name as bytes where it is not UTF-8; otherwise empty.
+  std::string name_bytes;
   std::uint64_t size = 0;
+  // Of the file, in microseconds since 1970 UTC. Nothing for standard input.
+  std::optional<std::int64_t> modified;
   // How many of its bytes were read; at most the size.
   std::uint64_t bytes_read = 0;
   // Why there is no content: a string literal, empty if there is content.
   std::string_view failure;
   std::vector<Decode_error> errors;
+  // The stream "Maps".
+  mxd::Tmxd_stream_m maps;
   mxd::Tmxd_mxd content;
   mxd::Outline outline;
 };
@@ -40,11 +47,17 @@ struct Summary {
   std::size_t layers = 0;
   std::size_t decoded_layers = 0;
   std::size_t losses = 0;
+  // Its line of the inventory was kept, and its maps and layers not counted.
+  bool is_unchanged = false;
 };
 Summary summary_of(const Report& report);
 
 struct Totals {
   std::size_t documents = 0;
+  // Of an inventory: kept lines, those of them with losses, and lines that leave.
+  std::size_t unchanged = 0;
+  std::size_t unchanged_with_losses = 0;
+  std::size_t gone = 0;
   std::size_t unreadable = 0;
   std::size_t maps = 0;
   // Listed in the file, and decoded.

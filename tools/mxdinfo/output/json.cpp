@@ -1,6 +1,7 @@
 // Everything that is known of a document, for programs. docs/mxdinfo.schema.json describes it.
 #include <algorithm>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "mxdinfo/cli/options.h"
@@ -10,6 +11,7 @@
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/layers.h"
 #include "mxdinfo/facts/losses.h"
+#include "mxdinfo/facts/stream_hash.h"
 #include "mxdinfo/output/json_list_stream.h"
 #include "mxdinfo/output/json_parts.h"
 #include "mxdinfo/output/report_writer.h"
@@ -171,7 +173,14 @@ void write_losses(Json_list_stream& out, const Report& report) {
 }
 
 Json file_json(const Report& report) {
-  return {{"path", report.name}, {"size", report.size}};
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(report.name_bytes.data()),
+                               report.name_bytes.size());
+  const bool readable = report.failure.empty();
+  return {{"path", report.name},
+          {"path_bytes", text_or_null(bytes_to_hex(bytes, ""))},
+          {"size", report.size},
+          {"modified", report.modified ? Json(time_text(*report.modified)) : Json(nullptr)},
+          {"maps_hash", readable ? Json(stream_hash(report.maps.bytes())) : Json(nullptr)}};
 }
 
 // Up to the list of maps.
