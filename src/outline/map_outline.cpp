@@ -105,7 +105,8 @@ class Reader {
     record.position = stored.position;
     record.length = stored.length;
     record.parent = parent;
-    Byte_view bytes = stream_.view(stored.position, end_of(record));
+    // The class id of an unlisted layer is in the map; its number may be just after it.
+    Byte_view bytes = stream_.view(stored.position, stream_.stream().size());
     Object_start start;
     read_object_start(bytes, start);
     record.class_id = start.class_id;

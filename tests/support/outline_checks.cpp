@@ -8,7 +8,7 @@ namespace {
 std::string record_fault(const Map_outline& map, std::size_t index) {
   const Layer_record& record = map.records[index];
   if (index != 0 && record.position <= map.records[index - 1].position) return "records in order";
-  if (record.position < map.position || record.position + 20 > map.end) return "records in maps";
+  if (record.position < map.position || record.position + 16 > map.end) return "records in maps";
   if (record.length > map.end - record.position) return "records end in maps";
   if (record.layer &&
       (record.layer->number != record.number || record.layer->class_id().guid != record.class_id)) {
