@@ -121,7 +121,7 @@ class Hostile_names(Case):
         self.assertLessEqual(self.page_of(".", code=1).tags, ALLOWED_TAGS)
 
     def test_groups_within_groups(self):
-        path = self.write("deep.mxd", documents.nested_groups_document(3000))
+        path = self.write("deep.mxd", documents.made("deep"))
         for form in ("text", "json", "csv", "html"):
             self.assertLess(len(self.run_mxdinfo("-f", form, path)[0]), 4_000_000)
         self.page_of(path)

@@ -2,10 +2,13 @@
 
 import json
 import os
+import pty
+import subprocess
+import time
 import unittest
 
 import documents
-from support import SAMPLE, Case
+from support import MXDINFO, SAMPLE, Case
 
 
 class Inputs(Case):
@@ -40,7 +43,7 @@ class Inputs(Case):
             mark = "\ufeff" if encoding == "utf-16-be" else ""
             self.write("list", (mark + "\n".join(names[:2])).encode(encoding))
             self.assertEqual(names[:2], self.paths("--files-from", "list"))
-        odd = "line\nend.mxd"
+        odd = "line\nend.mxd\r"
         self.write(odd, documents.document("odd"))
         nul = f"b.mxd\0{odd}\0".encode()
         self.assertEqual(["b.mxd", odd], self.paths("-0", "--files-from", "-", stdin=nul))
@@ -58,6 +61,32 @@ class Inputs(Case):
             result = self.json_of("-", stdin=data[:cut], code=1 if cut < 10000 else 0)
             self.assertEqual(cut, result["file"]["size"])
 
+    def test_a_slow_document(self):
+        names = ["-"] + [str(index) for index in range(1, 5)]
+        for name in names[1:]:
+            self.write(name, b"bad")
+        terminal, end = pty.openpty()
+        process = subprocess.Popen([MXDINFO, "-j", "2", *names, "late.mxd"], cwd=self.folder,
+                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=end)
+        time.sleep(0.3)
+        # No thread is so far ahead that it has looked for this one.
+        self.write("late.mxd", documents.document("late"))
+        self.assertIn(b"late.mxd\n", process.communicate(timeout=20)[0])
+        os.close(end)
+        self.assertIn(b"1 of 6 documents", os.read(terminal, 1 << 16))
+        os.close(terminal)
+
+    def test_colors_are_for_terminals(self):
+        terminal, end = pty.openpty()
+        for arguments in ([SAMPLE], ["-o", "out", SAMPLE]):
+            subprocess.run([MXDINFO, *arguments], check=True, cwd=self.folder, stdout=end,
+                           env={**os.environ, "TERM": "xterm", "NO_COLOR": ""})
+        os.close(end)
+        self.assertIn(b"\x1b[1m", os.read(terminal, 1 << 16))
+        os.close(terminal)
+        with open(os.path.join(self.folder, "out"), encoding="utf-8") as file:
+            self.assertNotIn("\x1b", file.read())
+
     def test_what_goes_where(self):
         names = self.share()
         text, errors = self.run_mxdinfo("-r", ".", code=1)
@@ -71,7 +100,7 @@ class Inputs(Case):
         self.assertIn("b.mxd: 1 map, 2 layers, 0 losses", self.run_mxdinfo("-v", "b.mxd")[1])
 
     def test_losses(self):
-        self.write("lossy.mxd", documents.lossy_document())
+        self.write("lossy.mxd", documents.made("lossy"))
         line = ("lossy.mxd: lossy: the layer: it could not be read "
                 "(mxd_feature_layer 1 at byte 40)\n")
         self.assertEqual("mxdinfo: " + line, self.run_mxdinfo("lossy.mxd")[1])

@@ -13,7 +13,6 @@ MXDINFO = os.environ["MXDINFO"]
 SAMPLE = os.environ["SAMPLE"]
 SCHEMA = os.environ["SCHEMA"]
 SAMPLES = os.environ["SAMPLES"]
-MAKE_SAMPLE = os.environ["MAKE_SAMPLE"]
 
 VOID_TAGS = {"meta", "rect", "circle", "path"}
 

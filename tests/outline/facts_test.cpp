@@ -203,24 +203,6 @@ TEST(Outline, extents) {
 }
 
 TEST(Outline, document_facts) {
-  const auto metadata = [](int form, double date) {
-    const std::string long_text(20000, 'd');
-    return Bytes()
-        .u16(form)
-        .add(text("Title"))
-        .add(text("Author"))
-        .add(text(long_text))
-        .add(text("Summary"))
-        .add(text("unused"))
-        .add(text("a, b"))
-        .i32(0)
-        .add(text("http://base"))
-        .add(text("unused"))
-        .add(text("Credits"))
-        .add(text("C:\\m.mxd"))
-        .f64(date)
-        .zeros(20);
-  };
   const Bytes version = Bytes().wide("10.6").i32(7);
   const auto facts = read_document_facts(version.data(), metadata(4, 43124.5).data());
   ASSERT_TRUE(facts.properties);

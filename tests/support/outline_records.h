@@ -153,4 +153,13 @@ inline Bytes its_system() {
   return Bytes().i32(0).reference(Tmxd_geographic_coordinate_system::clsid, 60001);
 }
 
+// ---- The stream "Metadata" ----
+
+inline Bytes metadata(int form, double date, std::size_t description = 20000) {
+  Bytes bytes = Bytes().u16(form).add(text("Title")).add(text("Author"));
+  bytes.add(text(std::string(description, 'd'))).add(text("Summary")).add(text("unused"));
+  bytes.add(text("a, b")).i32(0).add(text("http://base")).add(text("unused"));
+  return bytes.add(text("Credits")).add(text("C:\\m.mxd")).f64(date).zeros(20);
+}
+
 }  // namespace mxd::test

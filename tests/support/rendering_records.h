@@ -31,10 +31,11 @@ inline Bytes simple_renderer(int number, const Bytes& symbol = {}) {
                         Bytes().add(symbol).add(legend_group(number + 1, "Wells")));
 }
 
-inline Bytes class_breaks_renderer(int number, const Bytes& ranges) {
+inline Bytes class_breaks_renderer(int number, const Bytes& ranges, std::int64_t count = 0,
+                                   const Bytes& classes = {}) {
   return Bytes().object(Tmxd_class_breaks_renderer::clsid, number, 2,
                         Bytes().wide("POP").wide("hidden").add(ranges).counting(8).add(
-                            legend_group(number + 1, "People")));
+                            legend_group(number + 1, "People", count, classes)));
 }
 
 // The second legend group of a unique value renderer; zeros mean that real documents have one

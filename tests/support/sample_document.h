@@ -1,4 +1,4 @@
-// Made-up documents.
+// A made-up document.
 #pragma once
 
 #include "storage/stream.h"
@@ -7,8 +7,5 @@ namespace mxd::test {
 
 // Small, with something of every class that is decoded.
 Byte_run sample_document();
-
-// With the lists and facts that are read beside the decoded objects.
-Byte_run listed_document();
 
 }  // namespace mxd::test

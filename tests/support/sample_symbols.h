@@ -16,6 +16,7 @@ class Object_numbers {
   }
 
   int next() const { return next_; }
+  int take() { return next_++; }
 
  private:
   int next_ = 1;
