@@ -1,4 +1,5 @@
 #include "rendering/property_page.h"
+#include "support/decoded.h"
 #include "support/document_records.h"
 
 namespace mxd::test {
@@ -8,61 +9,31 @@ Bytes layer_of(const Bytes& drawing) {
   return feature_layer(49, Bytes(drawing).add(geographic(52, "GEOGCS[]")));
 }
 
-enum Read { nothing, block_only, all_scales };
-struct Case {
-  const char* what;
-  Bytes drawing;
-  std::string_view renderer;
-  Read read;
-  std::size_t errors = 0;
-};
-
-std::vector<Case> drawings() {
+TEST(Feature_layer, drawing) {
   const Bytes class_breaks = class_breaks_renderer(60, Bytes().i32(0));
   const Bytes scales = Bytes().wide("str1").f64(5000).f64(100);
   const Bytes unique_page = Bytes().zeros(7).guid(Tmxd_unique_value_property_page::clsid.guid);
   const Bytes color_page = Bytes().zeros(7).guid(Tmxd_graduated_color_property_page::clsid.guid);
-  return {
-      {"simple", simple_renderer(60).counting(156).add(scales), "mxd_simple_renderer", all_scales},
+  std::vector<Decode_case> cases = {
+      {"simple", simple_renderer(60).counting(156).add(scales)},
       {"unique values",
-       unique_value_renderer(0, 3, Main::absent, Bytes().i32(0)).add(unique_page).add(scales),
-       "mxd_unique_value_renderer", all_scales},
-      {"class breaks", Bytes().add(class_breaks).add(color_page).add(scales),
-       "mxd_class_breaks_renderer", all_scales},
-      {"the page of the other kind", Bytes().add(class_breaks).add(unique_page).add(scales),
-       "mxd_class_breaks_renderer", all_scales},
-      {"no page", Bytes().add(class_breaks).add(scales), "mxd_class_breaks_renderer", all_scales},
+       unique_value_renderer(0, 3, Main::absent, Packed(0)).add(unique_page).add(scales)},
+      {"class breaks", Bytes().add(class_breaks).add(color_page).add(scales)},
+      {"the page of the other kind", Bytes().add(class_breaks).add(unique_page).add(scales)},
+      {"no page", Bytes().add(class_breaks).add(scales)},
       {"repeated, of the kind that has a block",
-       Bytes().zeros(3).reference(Tmxd_simple_renderer::clsid, 50).counting(156).add(scales),
-       "mxd_simple_renderer", all_scales},
-      {"none", scales, "", nothing},
-      {"fails in its legend", simple_renderer(60).prefix(48).i32(-1).add(scales),
-       "mxd_simple_renderer", nothing, 2},
-      {"fails in itself", class_breaks.prefix(30).i32(-1).add(color_page).add(scales),
-       "mxd_class_breaks_renderer", nothing, 1},
-      {"misread string after the block", simple_renderer(60).counting(156).i32(-1),
-       "mxd_simple_renderer", block_only},
+       Bytes().zeros(3).reference(Tmxd_simple_renderer::clsid, 50).counting(156).add(scales)},
+      {"none", scales},
+      {"fails in its legend", simple_renderer(60).prefix(48).i32(-1).add(scales)},
+      {"fails in itself", class_breaks.prefix(30).i32(-1).add(color_page).add(scales)},
+      {"misread string after the block", simple_renderer(60).counting(156).i32(-1)},
   };
-}
-
-TEST(Feature_layer, drawing) {
-  for (const Case& c : drawings()) {
-    SCOPED_TRACE(c.what);
-    Decoder decoder(layer_of(c.drawing));
-    Tmxd_feature_layer layer;
-    EXPECT_TRUE(read_object(layer, decoder.stream, -1, -1));
-    EXPECT_EQ(decoder.errors.lines.size(), c.errors);
-    EXPECT_EQ(layer.renderer.get() ? layer.renderer.get()->type_name() : "", c.renderer);
-    EXPECT_EQ(layer.str1, from_ascii(c.read == all_scales ? "str1" : ""));
-    EXPECT_EQ(layer.min_scale, c.read == all_scales ? 5000 : 0);
-    EXPECT_EQ(layer.max_scale, c.read == all_scales ? 100 : 0);
-    ASSERT_TRUE(layer.coordinate_system.get());
-    EXPECT_STREQ(layer.coordinate_system.get()->get_wkt(), "GEOGCS[]");
-    if (c.renderer.empty()) {
-      EXPECT_NE(dump_of(layer).find("  renderer = UNDEFINED\n  str1 = \n"), std::string::npos);
-      EXPECT_NE(xml_of(layer).find("<renderer>true</renderer>\n<str1/>"), std::string::npos);
-    }
-  }
+  for (Decode_case& c : cases) c.bytes = layer_of(c.bytes);
+  expect_decoded<Tmxd_feature_layer>("document", "drawings", cases);
+  Decoder decoder(layer_of(scales));
+  Tmxd_feature_layer layer;
+  EXPECT_TRUE(read_object(layer, decoder.stream, -1, -1));
+  EXPECT_NE(xml_of(layer).find("<renderer>true</renderer>\n<str1/>"), std::string::npos);
 }
 
 // Neither the search for the renderer nor that for its page leaves the layer's stretch.

@@ -4,8 +4,8 @@
 
 #include <type_traits>
 
+#include "support/decoded.h"
 #include "support/document_records.h"
-#include "support/golden.h"
 
 namespace mxd::test {
 namespace {
@@ -55,15 +55,10 @@ TEST(Names, read_shown_and_copied) {
 TEST(Names, a_feature_class_need_not_name_a_dataset) {
   const Bytes without =
       Bytes().object(Tmxd_feature_class_name::clsid, 9, 2, feature_class_fields(Bytes()));
-  for (const Bytes& follows : {Bytes(), Bytes().zeros(40), Bytes().wide("next field")}) {
-    Decoder decoder(Bytes(without).add(follows));
-    Tmxd_feature_class_name name;
-    EXPECT_TRUE(read_object(name, decoder.stream, 0, -1));
-    EXPECT_EQ(0, name.feature_dataset_name.exists);
-    EXPECT_EQ(without.size(), decoder.stream.tell());
-    EXPECT_NE(xml_of(name).npos, xml_of(name).find("<mxd_feature_dataset_name>\n"
-                                                   "<exists>false</exists>\n"));
-  }
+  expect_decoded<Tmxd_feature_class_name>("document", "feature classes in no dataset",
+                                          {{"at the end", without},
+                                           {"before zeros", Bytes(without).zeros(40)},
+                                           {"before a string", Bytes(without).wide("next")}});
 }
 
 TEST(Coordinate_systems, read_shown_and_copied) {

@@ -102,10 +102,6 @@ class Formats(Case):
                 with open(path, encoding="utf-8", newline="") as file:
                     self.assertEqual(file.read(), text)
 
-    def test_the_page_has_a_swatch_for_each_legend_class(self):
-        page = self.page_of(SAMPLE)
-        self.assertEqual(len(legend_classes(self.json_of(SAMPLE))), page.swatches)
-
     def test_options_are_documented(self):
         options = set(re.findall(r"--[a-z-]+", self.run_mxdinfo("--help")[0]))
         for name in ("docs/mxdinfo.1", "tools/mxdinfo.bash"):
@@ -122,11 +118,6 @@ class Formats(Case):
         self.write("cyrillic.mxd", documents.document("Дороги"))
         self.assertIn("Дороги", self.run_mxdinfo("--find-source", "дОРОГИ", "cyrillic.mxd")[0])
 
-    def test_same_every_time(self):
-        for form in ("json", "csv", "html"):
-            once, again = (self.run_mxdinfo("-q", "-f", form, SAMPLE)[0] for _ in range(2))
-            self.assertEqual(once, again)
-
 
 @unittest.skipUnless(os.path.isdir(SAMPLES), "no sample documents beside the project")
 class Samples(Case):
@@ -138,18 +129,25 @@ class Samples(Case):
                 self.check(row, os.path.join(SAMPLES, row["file"]))
         for path in sorted(glob.glob(os.path.join(SAMPLES, "../projects/*/*.mxd"))):
             with self.subTest(path):
-                self.check_ranges(self.json_of(path))
+                document = self.json_of(path)
+                self.check_layers(path, document)
+                self.check_ranges(document)
 
     def check(self, row, path):
         document = self.json_of(path)
         self.assertEqual([], schema_errors(document))
         self.assertEqual(int(row["errors"]), sum(loss["number"] is not None
                                                  for loss in document["losses"]))
-        rows = list(csv.reader(io.StringIO(self.run_mxdinfo("-q", "-f", "csv", path)[0])))
-        layers = sum(len(each["layers"]) for each in document["maps"])
-        self.assertEqual([len(rows[0])] * (layers + 1), [len(r) for r in rows])
         self.assertEqual(len(legend_classes(document)), self.page_of(path).swatches)
+        self.check_layers(path, document)
         self.check_ranges(document)
+
+    def check_layers(self, path, document):
+        """Each layer that a list counts is found, and each that is found is in a list."""
+        self.assertNotIn("layers", [loss["what"] for loss in document["losses"]])
+        rows = list(csv.DictReader(io.StringIO(self.run_mxdinfo("-q", "-f", "csv", path)[0])))
+        self.assertEqual(sum(len(each["layers"]) for each in document["maps"]), len(rows))
+        self.assertEqual([], [row["layer"] for row in rows if not row["bytes"] or None in row])
 
     def check_ranges(self, document):
         """A label of two numbers shows the class's range: its ends are rounded, and the lower

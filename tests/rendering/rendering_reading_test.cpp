@@ -2,6 +2,7 @@
 #include <numeric>
 
 #include "rendering/property_page.h"
+#include "support/decoded.h"
 #include "support/rendering_records.h"
 
 namespace mxd::test {
@@ -10,32 +11,15 @@ namespace {
 TEST(Legend_group, claimed_counts) {
   const Bytes item = legend_class(7, 2, "a");
   const Bytes cut = legend_class(8, 2, "b").prefix(40);
-  struct Case {
-    const char* what;
-    std::int64_t count;
-    Bytes classes;
-    bool ok;
-    std::size_t kept;
-  };
-  const Case cases[] = {
-      {"none", 0, item, true, 0},
-      {"negative", -1, item, true, 0},
-      {"a reference stays empty", 2, Bytes().add(item).reference(Tmxd_legend_class::clsid, 7), true,
-       2},
-      {"more than stand there", 0x7FFFFFFF, item, false, 1},
-      {"another class", 2, Bytes().add(item).add(legend_group(9, "")), false, 1},
-      {"the second one is cut", 2, Bytes().add(item).add(cut), false, 1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Decoder decoder(legend_group(5, "", c.count, c.classes));
-    Tmxd_legend_group group;
-    EXPECT_EQ(read_object(group, decoder.stream, -1, -1), c.ok);
-    ASSERT_EQ(group.legend_classes.size(), c.kept);
-    if (c.kept == 2) {
-      EXPECT_TRUE(group.legend_classes[1].repeat && group.legend_classes[1].label.empty());
-    }
-  }
+  const Bytes again = Bytes().add(item).reference(Tmxd_legend_class::clsid, 7);
+  expect_decoded<Tmxd_legend_group>(
+      "rendering", "legend, claimed counts",
+      {{"none", legend_group(5, "", 0, item)},
+       {"negative", legend_group(5, "", -1, item)},
+       {"a reference stays empty", legend_group(5, "", 2, again)},
+       {"more than there are", legend_group(5, "", 0x7FFFFFFF, item)},
+       {"another class", legend_group(5, "", 2, Bytes().add(item).add(legend_group(9, "")))},
+       {"the second one is cut", legend_group(5, "", 2, Bytes().add(item).add(cut))}});
 }
 
 // A class that was thrown away, at a second read or for a failure, can still be referred to.
@@ -59,31 +43,24 @@ TEST(Legend_group, dropped_classes_live_until_the_load_ends) {
 }
 
 TEST(Legend_class, run_is_filled_up_with_zeros) {
+  std::vector<Decode_case> cases;
   for (const int version : {0, 1, 2, 3}) {
     const Bytes whole = legend_class(7, version, "a");
-    Decoder decoder(whole.prefix(whole.size() - 1));
-    Tmxd_legend_class item;
-    EXPECT_FALSE(read_object(item, decoder.stream, -1, -1));
-    const int length = version < 2 ? 22 : 26;
-    EXPECT_EQ(bytes_to_hex(item.bytes1, ""),
-              bytes_to_hex(Bytes().counting(length - 1).u8(0).data(), ""));
-    EXPECT_EQ(decoder.errors.lines, std::vector<std::string>{"ERROR IN 7 mxd_legend_class  0"});
+    cases.push_back({"version " + std::to_string(version), whole.prefix(whole.size() - 1)});
   }
+  expect_decoded<Tmxd_legend_class>("rendering", "legend class, cut run", cases);
 }
 
-// A class without a symbol takes the next one before the limit, and continues after it.
+// A class without a symbol takes the next one before the limit, and goes on after that. Where the
+// symbol is out of reach, the null id is an empty label and the first raw bytes.
 TEST(Legend_class, symbol_is_searched_for_up_to_the_limit) {
   const Bytes before = Bytes().object(Tmxd_legend_class::clsid, 7, 1, Bytes().null_object().u8(9));
   const Bytes record = Bytes().add(before).add(line_symbol(8, 3)).wide("label").counting(22);
   const auto symbol_at = static_cast<std::int64_t>(before.size());
-  for (const std::int64_t limit : {std::int64_t{-1}, symbol_at + 16, symbol_at + 15}) {
-    Decoder decoder(record);
-    Tmxd_legend_class item;
-    // Where the symbol is out of reach, the null id is an empty label and the first raw bytes.
-    EXPECT_TRUE(read_object(item, decoder.stream, -1, limit)) << limit;
-    EXPECT_EQ(item.symbol_slot.get() != nullptr, limit != symbol_at + 15) << limit;
-    EXPECT_EQ(item.label, from_ascii(item.symbol_slot.get() ? "label" : "")) << limit;
-  }
+  expect_decoded<Tmxd_legend_class>("rendering", "legend class, limits",
+                                    {{"none", record},
+                                     {"after the symbol's id", record, symbol_at + 16},
+                                     {"in the symbol's id", record, symbol_at + 15}});
 }
 
 // The slot of a renderer and that of a page share the search's rules, at odd places too.
@@ -179,35 +156,22 @@ TEST(Unique_values, items) {
   const Bytes plain = unique_value("p", 1, 2, 3);
   const Bytes marked = unique_value("m", -1, -1, 3);
   const Bytes half_marked = unique_value("a", -1, 0, 0).add(unique_value("b", 0, -1, 0));
-  struct Case {
-    const char* what;
-    std::int64_t count;
-    Bytes items;
-    bool ok;
-    std::string kept;
-    std::size_t left_over = 0;
+  const auto values = [](int count, const Bytes& items) {
+    return unique_value_renderer(0, 3, Main::absent, Packed(count, items));
   };
-  const Case cases[] = {
-      {"none", 0, plain, true, "", 18},
-      {"negative count", -5, plain, true, "", 18},
-      {"extra string is passed over", 2, Bytes().add(marked).wide("x").add(plain), true, "mp"},
-      {"extra string missing at the end", 2, Bytes().add(plain).add(marked), true, "pm"},
-      {"extra string of an odd length", 2, Bytes().add(marked).i32(3).add(plain), true, "mp"},
-      {"only one of the marks", 3, Bytes().add(half_marked).add(plain), true, "abp"},
-      {"marked, but cut in its last number", 2, Bytes().add(plain).add(marked.prefix(17)), false,
-       "p", 3},
-      {"more than stand there", 0x7FFFFFFF, Bytes().add(plain).add(plain), false, "pp"},
-  };
-  Tmxd_unique_values values;
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Decoder decoder(Bytes().i32(c.count).add(c.items));
-    EXPECT_EQ(read_unique_values(values, decoder.stream), c.ok);
-    std::string kept;
-    for (const auto& item : values) kept += to_narrow(item.wstr);
-    EXPECT_EQ(kept, c.kept);
-    EXPECT_EQ(decoder.stream.get_size() - decoder.stream.tell(), c.left_over);
-  }
+  expect_decoded<Tmxd_unique_value_renderer>(
+      "rendering", "values",
+      {{"none", values(0, plain)},
+       {"negative count", values(-5, plain)},
+       {"extra string is passed over", values(2, Packed(marked, "x", plain))},
+       {"extra string missing at the end", values(2, Packed(plain, marked))},
+       {"extra string of an odd length", values(2, Packed(marked, 3, plain))},
+       {"only one of the marks", values(3, Packed(half_marked, plain))},
+       {"marked, but cut in its last number", values(2, Packed(plain, marked.prefix(17)))},
+       {"more than there are", values(0x7FFFFFFF, Packed(plain, plain))},
+       {"after no default symbol",
+        Packed(unique_value_renderer(1, 4, Main::present, Packed(0), Bytes().zeros(16)),
+               line_symbol(9, 1))}});
 }
 
 // A value costs more than its bytes.
@@ -217,17 +181,6 @@ TEST(Unique_values, end_at_the_budget) {
   EXPECT_TRUE(decoder.load.spend(decoder.load.budget().limit() - record.size()));
   Tmxd_unique_values values;
   EXPECT_FALSE(read_unique_values(values, decoder.stream));
-}
-
-TEST(Unique_value_renderer, zeros_mean_no_default_symbol) {
-  const Bytes record =
-      unique_value_renderer(1, 4, Main::present, Bytes().i32(0), Bytes().zeros(16));
-  Decoder decoder(Bytes().add(record).add(line_symbol(9, 1)));
-  Tmxd_unique_value_renderer renderer;
-  EXPECT_TRUE(read_object(renderer, decoder.stream, -1, -1));
-  EXPECT_EQ(renderer.symbol_slot.get(), nullptr);
-  EXPECT_EQ(renderer.int2, -2);
-  EXPECT_EQ(decoder.stream.tell(), record.size());
 }
 
 TEST(Ranges, claimed_counts) {

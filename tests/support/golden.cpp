@@ -6,7 +6,7 @@
 #include <fstream>
 #include <map>
 
-#include "support/object_builder.h"
+#include "support/decoded.h"
 
 namespace mxd::test {
 namespace {
@@ -51,6 +51,12 @@ void expect_golden(const std::string& family, const std::string& section, const 
   sections[section] = as_section(text);
   std::ofstream file(path, std::ios::binary);
   for (const auto& [name, kept] : sections) file << heading << name << "\n" << kept;
+}
+
+std::string decoded(Tmxd_obj& object, Decoder& decoder, std::int64_t limit) {
+  std::string text = read_object(object, decoder.stream, -1, limit) ? "read, " : "failed, ";
+  text += std::to_string(decoder.stream.tell()) + " of ";
+  return text + std::to_string(decoder.stream.get_size()) + " bytes\n" + dump_of(object);
 }
 
 void expect_golden(const std::string& family, const std::string& section, const Tmxd_obj& object) {

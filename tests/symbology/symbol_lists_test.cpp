@@ -1,4 +1,5 @@
 #include "support/class_table.h"
+#include "support/decoded.h"
 #include "symbology/line_symbols.h"
 
 namespace mxd::test {
@@ -15,78 +16,57 @@ TEST(Symbol_slot, search) {
   }
 }
 
-template <class List>
-std::string layers_of(const List& list) {
-  std::string result;
-  for (const auto& layer : list) {
-    result += std::to_string(layer->enabled) + std::to_string(layer->locked) +
-              to_narrow(layer->tag) + " ";
+// What came of each read, and of each layer whether it is enabled and locked, and its tag.
+template <class T, class List>
+void expect_layers(const std::string& section, List T::*list,
+                   const std::vector<Decode_case>& cases) {
+  std::string text;
+  for (const Decode_case& c : cases) {
+    Decoder decoder(c.bytes);
+    T object;
+    const std::string result = decoded(object, decoder);
+    text += c.what + ": " + result.substr(0, result.find('\n'));
+    for (const auto& layer : object.*list) {
+      text += "; " + std::to_string(layer->enabled) + std::to_string(layer->locked) + " " +
+              to_narrow(layer->tag);
+    }
+    text += "\n";
   }
-  return result;
+  expect_golden("symbology", section, text);
 }
 
 template <class T, class List>
-void expect_layers(const char* name, List T::*list, int version, bool tagged) {
-  SCOPED_TRACE(testing::Message() << name << " " << version);
-  const Bytes whole = Bytes().object(T::clsid, 5, version, row_named(name).fields(5, 13));
-  Decoder decoder(whole);
-  T object;
-  ASSERT_TRUE(read_object(object, decoder.stream, -1, -1));
-  EXPECT_EQ(whole.size() - decoder.stream.tell(), tagged ? 0 : Packed("under", "over").size());
-  EXPECT_EQ(layers_of(object.*list), tagged ? "01under 10over " : "01 10 ");
+void expect_versions(const std::string& name, List T::*list) {
+  std::vector<Decode_case> cases;
+  for (const int version : {1, 2, 3}) {
+    cases.push_back({std::to_string(version),
+                     Bytes().object(T::clsid, 5, version, row_named(name).fields(5, 13))});
+  }
+  expect_layers(name + ", by version", list, cases);
 }
 
 TEST(Symbol_lists, have_tags_from_a_version_on) {
-  for (const int version : {1, 2, 3}) {
-    expect_layers("multilayer_marker_symbol", &Tmxd_multilayer_marker_symbol::marker_symbols,
-                  version, version >= 3);
-    expect_layers("multilayer_line_symbol", &Tmxd_multilayer_line_symbol::line_symbols, version,
-                  version >= 2);
-    expect_layers("multilayer_fill_symbol", &Tmxd_multilayer_fill_symbol::fill_symbols, version,
-                  version >= 2);
-  }
+  expect_versions("multilayer_marker_symbol", &Tmxd_multilayer_marker_symbol::marker_symbols);
+  expect_versions("multilayer_line_symbol", &Tmxd_multilayer_line_symbol::line_symbols);
+  expect_versions("multilayer_fill_symbol", &Tmxd_multilayer_fill_symbol::fill_symbols);
 }
 
+// A tag that breaks off is left out.
 TEST(Symbol_lists, keep_the_layers_before_a_failure) {
-  const Bytes two = Packed(record("simple_line_symbol", 1), record("hash_line_symbol", 2));
-  struct Case {
-    const char* what;
-    Bytes bytes;
-    bool ok;
-    const char* layers;
+  const Bytes one = record("simple_line_symbol", 1);
+  const Bytes two = Packed(one, record("hash_line_symbol", 2));
+  const auto lines = [](const Bytes& layers) {
+    return Bytes().object(Tmxd_multilayer_line_symbol::clsid, 5, 2, Packed(trailer(13), layers));
   };
-  const Case cases[] = {
-      {"none", Packed(0, two), true, ""},
-      {"negative", Packed(-1, two), true, ""},
-      {"more than stand there", Packed(0x7FFFFFFF, two), false, "10 10 "},
-      {"the second one fails",
-       Packed(2, record("simple_line_symbol", 1), record("hash_line_symbol", 2, 12)), false, "10 "},
-      {"one of another kind",
-       Packed(2, record("simple_line_symbol", 1), record("line_template", 3)), false, "10 "},
-      {"cut in the first flags", Packed(2, two, 0), false, "00 10 "},
-      {"cut in the second flags", Packed(2, two, 0, 0, 1), false, "01 00 "},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Decoder decoder(c.bytes);
-    Tmxd_line_symbols list;
-    list.append(std::make_unique<Tmxd_simple_line_symbol>());
-    EXPECT_EQ(list.read(decoder.stream, -1), c.ok);
-    EXPECT_EQ(layers_of(list), c.layers);
-  }
-}
-
-// A tag that breaks off is none: the layer keeps the one it had.
-TEST(Layer_flags, a_cut_tag_is_left_out) {
-  const Bytes layer =
-      Bytes().object(Tmxd_simple_line_symbol::clsid, 2, 1, Bytes().f64(1).i32(0).trailer());
-  Bytes fields = Bytes().trailer().i32(1).add(layer).i32(1).i32(0);
-  fields.i32(8).u16('A').u16('B');
-  Decoder decoder(Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, fields));
-  Tmxd_multilayer_line_symbol symbol;
-  EXPECT_FALSE(read_object(symbol, decoder.stream, 0, -1));
-  ASSERT_EQ(1U, symbol.line_symbols.size());
-  EXPECT_TRUE(symbol.line_symbols[0].tag.empty());
+  expect_layers("lists of layers", &Tmxd_multilayer_line_symbol::line_symbols,
+                {{"none", lines(Packed(0, two))},
+                 {"negative", lines(Packed(-1, two))},
+                 {"more than there are", lines(Packed(0x7FFFFFFF, two))},
+                 {"the second one fails", lines(Packed(2, one, record("hash_line_symbol", 2, 12)))},
+                 {"one of another kind", lines(Packed(2, one, record("line_template", 3)))},
+                 {"cut in the first flags", lines(Packed(2, two, 0))},
+                 {"cut in the second flags", lines(Packed(2, two, 0, 0, 1))},
+                 {"cut in a tag", lines(Packed(1, one, 1, 0, 8, run(4, 'A')))}});
 }
 
 }  // namespace
