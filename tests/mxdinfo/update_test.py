@@ -64,7 +64,7 @@ class Update(Case):
         self.assertIn("bad.mxd: not readable as a map document", errors)
         self.assertIn("4 documents, 4 of them unchanged, 1 gone, 1 of them unreadable; read: 0 maps",
                       errors)
-        self.write("lossy/l.mxd", documents.lossy_document())
+        self.write("lossy/l.mxd", documents.made("lossy"))
         for _ in range(2):
             self.assertEqual(["l"], self.update("--strict", "lossy", code=3)[0].strip("()").split())
 
