@@ -61,19 +61,5 @@ TEST(Layers, what_a_dropped_layer_held_can_still_be_referred_to) {
   expect_maps("dropped layer", map_record(1, "m", Bytes(dropped).add(kept)));
 }
 
-TEST(Maps, every_prefix_of_a_whole_stream_is_harmless) {
-  const Bytes whole = map_record(1, "m",
-                                 Bytes()
-                                     .add(group_layer(2, "g", 1))
-                                     .add(layer_record(3, "f", workspace(4, "w")))
-                                     .add(geographic(5, "G")));
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    Decoder decoder(whole.prefix(length));
-    Tmxd_maps maps;
-    EXPECT_TRUE(read_all_found(maps, decoder.stream, -1, -1));
-    for (const Tmxd_map* map : maps) EXPECT_FALSE((dump_of(*map) + xml_of(*map)).empty());
-  }
-}
-
 }  // namespace
 }  // namespace mxd::test

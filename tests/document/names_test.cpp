@@ -11,14 +11,7 @@ namespace mxd::test {
 namespace {
 
 Bytes feature_class_fields(const Bytes& dataset_name) {
-  return Bytes()
-      .wide("roads")
-      .counting(6)
-      .wide("Shapefile")
-      .wide("ABC")
-      .i32(-4)
-      .counting(6, 0xA0)
-      .add(dataset_name);
+  return Packed("roads", run(6), "Shapefile", "ABC", -4, run(6, 0xA0), dataset_name);
 }
 
 // The same number again is a copy with the same fields, and in XML the reference alone. Optional

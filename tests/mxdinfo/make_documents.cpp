@@ -8,9 +8,6 @@
 #include "support/outline_records.h"
 #include "support/sample_document.h"
 #include "support/sample_symbols.h"
-#include "symbology/fill_symbols.h"
-#include "symbology/line_symbols.h"
-#include "symbology/marker_symbols.h"
 
 namespace mxd::test {
 namespace {
@@ -192,7 +189,7 @@ Bytes listed(const Layer& layer) {
 
 Bytes map_system(const char* authority) {
   const std::string wkt = std::string("GEOGCS[\"G\",AUTHORITY[\"EPSG\",") + authority + "]]";
-  return text("").object(Tmxd_geographic_coordinate_system::clsid, 60000, 7,
+  return text("").object(Tmxd_geographic_coordinate_system::clsid, 60001, 7,
                          Bytes().narrow(wkt).zeros(115 - 24).f64s({1e-9, 0.001, 0.001}));
 }
 
@@ -230,10 +227,8 @@ Bytes facts() {
   const Bytes unknown = foreign_layer(523, unheard_of_id, "Unknown");
   const Bytes broken =
       Bytes().object(Tmxd_feature_layer::clsid, 530, 34, text("Broken").counting(40));
-  const Bytes extents = envelope(540, {1, 2, 3.5, 4})
-                            .i32(0)
-                            .reference(Tmxd_geographic_coordinate_system::clsid, 60000)
-                            .add(envelope(541, {5, 6, 7, 8}));
+  const Bytes extents =
+      Packed(envelope(540, {1, 2, 3.5, 4}), its_system(), envelope(541, {5, 6, 7, 8}));
   const Bytes layers = map_list({outer, ponds, services, unknown, broken, again});
   const Bytes all = map_system("4326").add(layers).counting(9).add(extents);
   const Bytes some = text("").null_object().i32(3).add(map_entries({wells}));

@@ -1,5 +1,6 @@
 #include <limits>
 
+#include "core/number_text.h"
 #include "outline/epsg_code.h"
 #include "outline/outlined.h"
 
@@ -11,31 +12,24 @@ Outlined with_layer(const Bytes& layer, const Bytes& after = {}) {
 }
 
 TEST(Outline, definition_queries) {
-  struct Case {
-    const char* what;
-    Bytes rest;
-    const char* query;
-  };
   const Bytes query = text("A > 1");
-  const Bytes cmyk = Bytes().object(Tmxd_cmyk_color::clsid, 90, 1, Bytes().counting(8));
-  const std::vector<Case> cases = {
-      {"after no color", definition_query(query), "A > 1"},
-      {"after a color", definition_query(query, rgb_color(90, 50)), "A > 1"},
-      {"after a color of inks", definition_query(query, cmyk), "A > 1"},
-      {"none", definition_query(text("")), ""},
-      {"of no length", definition_query(Bytes().wide("")), ""},
-      {"after an unknown color",
-       definition_query(query, Bytes().object(unheard_of_id, 90, 1, Bytes().counting(29))), "-"},
-      {"without its NUL", definition_query(Bytes().wide("A > 1")), "-"},
-      {"with a NUL inside", definition_query(Bytes().wide(std::string_view("A\0B\0", 4))), "-"},
-      {"too short for its length", definition_query(Bytes().i32(600).counting(20)), "-"},
-      {"not stored", {}, "-"},
+  const Bytes cmyk = Bytes().object(Tmxd_cmyk_color::clsid, 90, 1, run(8));
+  const Bytes unknown = Bytes().object(unheard_of_id, 90, 1, run(29));
+  const std::vector<Row> rows = {
+      {"after no color", definition_query(query)},
+      {"after a color", definition_query(query, rgb_color(90, 50))},
+      {"after a color of inks", definition_query(query, cmyk)},
+      {"none", definition_query(text(""))},
+      {"of no length", definition_query(Bytes().wide(""))},
+      {"after an unknown color", definition_query(query, unknown)},
+      {"without its NUL", definition_query(Bytes().wide("A > 1"))},
+      {"with a NUL inside", definition_query(Bytes().wide(std::string_view("A\0B\0", 4)))},
+      {"too short for its length", definition_query(Bytes().i32(600).counting(20))},
+      {"not stored", {}},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    EXPECT_EQ(shown(with_layer(named_feature_layer(10, "a", c.rest)).facts().definition_query),
-              c.query);
-  }
+  expect_rows("definition queries", rows, [](const Bytes& rest) {
+    return shown(with_layer(named_feature_layer(10, "a", rest)).facts().definition_query);
+  });
 }
 
 TEST(Outline, no_definition_query_after_impossible_scales) {
@@ -66,51 +60,38 @@ std::string labels_text(const std::optional<Labels>& labels) {
 }
 
 TEST(Outline, labels) {
-  struct Case {
-    const char* what;
-    Bytes rest;
-    const char* labels;
-  };
   const Bytes gray = rgb_color(72, 50);
   const Bytes arial = font("Arial", 8, 8.25);
   const auto one = [&](const Bytes& symbol, const Bytes& expression = text("[N]")) {
     return labels(73, -1, label_class(74, expression, symbol));
   };
-  const Bytes two =
-      label_class(74, text("[N]"), text_symbol(75, gray, arial))
-          .add(label_class(76, text("[M]"),
-                           text_symbol(77, rgb_color(78, 100), font("Verdana", 10, 10))));
-  const std::vector<Case> cases = {
-      {"shown", one(text_symbol(75, gray, arial)), "shown: [N] #646464 Arial 8.00;"},
-      {"hidden", labels(73, 0, label_class(74, text("[N]"), Bytes())), "hidden: [N];"},
-      {"of two classes", labels(73, -1, two, 2),
-       "shown: [N] #646464 Arial 8.00; [M] #FFFFFF Verdana 10.0;"},
-      {"of one class, and another that is not counted", labels(73, -1, two),
-       "shown: [N] #646464 Arial 8.00;"},
-      {"of fewer classes than are counted", labels(73, -1, two, 9),
-       "shown: [N] #646464 Arial 8.00; [M] #FFFFFF Verdana 10.0;"},
-      {"of no class", labels(73, -1, {}, 0), "shown:"},
-      {"with a marker's font before its own",
-       one(text_symbol(75, gray, font("Marker", 0, 24).add(arial))),
-       "shown: [N] #646464 Arial 8.00;"},
-      {"with a marker's font alone", one(text_symbol(75, gray, font("Marker", 1e-312, 24))),
-       "shown: [N] #646464;"},
-      {"in a font of another alphabet", one(text_symbol(75, gray, font("\xCB\xCE", 8, 8))),
-       "shown: [N] #646464  8.00;"},
-      {"whose color was stored before",
-       one(text_symbol(75, Bytes().reference(Tmxd_rgb_color::clsid, 72), arial)),
-       "shown: [N] Arial 8.00;"},
-      {"whose symbol was stored before", one(Bytes().reference(text_symbol_id, 75)), "shown: [N];"},
-      {"whose expression is no text", one(text_symbol(75, gray, arial), Bytes().i32(-1)), "shown:"},
-      {"that may or may not be shown", labels(73, 5, label_class(74, text("[N]"), {})), "-"},
-      {"of another version", labels(73, -1, label_class(74, text("[N]"), {}), 1, 3), "-"},
-      {"none", {}, "-"},
+  const auto of = [&](const Bytes& fonts) { return one(text_symbol(75, gray, fonts)); };
+  const Bytes bare = label_class(74, text("[N]"), {});
+  const Bytes white = text_symbol(77, rgb_color(78, 100), font("Verdana", 10, 10));
+  const Bytes two = Packed(label_class(74, text("[N]"), text_symbol(75, gray, arial)),
+                           label_class(76, text("[M]"), white));
+  const Bytes stored = Bytes().reference(Tmxd_rgb_color::clsid, 72);
+  const std::vector<Row> rows = {
+      {"shown", of(arial)},
+      {"hidden", labels(73, 0, bare)},
+      {"of two classes", labels(73, -1, two, 2)},
+      {"of one class, and another that is not counted", labels(73, -1, two)},
+      {"of fewer classes than are counted", labels(73, -1, two, 9)},
+      {"of no class", labels(73, -1, {}, 0)},
+      {"with a marker's font before its own", of(font("Marker", 0, 24).add(arial))},
+      {"with a marker's font alone", of(font("Marker", 1e-312, 24))},
+      {"in a font of another alphabet", of(font("\xCB\xCE", 8, 8))},
+      {"whose color was stored before", one(text_symbol(75, stored, arial))},
+      {"whose symbol was stored before", one(Bytes().reference(text_symbol_id, 75))},
+      {"whose expression is no text", one(text_symbol(75, gray, arial), Bytes().i32(-1))},
+      {"that may or may not be shown", labels(73, 5, bare)},
+      {"of another version", labels(73, -1, bare, 1, 3)},
+      {"none", {}},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const Bytes rest = definition_query(text("")).add(c.rest);
-    EXPECT_EQ(labels_text(with_layer(named_feature_layer(10, "a", rest)).facts().labels), c.labels);
-  }
+  expect_rows("labels", rows, [](const Bytes& bytes) {
+    const Bytes rest = definition_query(text("")).add(bytes);
+    return labels_text(with_layer(named_feature_layer(10, "a", rest)).facts().labels);
+  });
 }
 
 TEST(Outline, labels_are_not_those_of_the_next_layer) {
@@ -123,81 +104,59 @@ TEST(Outline, labels_are_not_those_of_the_next_layer) {
 }
 
 TEST(Outline, normalization_and_order_of_classes) {
-  struct Case {
-    const char* what;
-    Bytes after_legend;
-    const char* field;
-    int ascend;
-  };
-  constexpr int unknown = -1;
   const Bytes format = number_format(90);
-  const Bytes with_id = Bytes()
-                            .zeros(18)
-                            .u8(1)
-                            .guid(unheard_of_id.guid)
-                            .u16(0)
-                            .add(format)
-                            .add(text("AREA"))
-                            .u16(-1)
-                            .u16(-1)
-                            .i32(10000);
-  const std::vector<Case> cases = {
-      {"ascending", normalization(format, text("AREA"), -1), "AREA", 1},
-      {"ascending, too", normalization(format, text(""), 1), "", 1},
-      {"descending", normalization(format, text("AREA"), 0), "AREA", 0},
-      {"after a class id", with_id, "AREA", 1},
-      {"after a longer format", normalization(number_format(90, 60, "7E4F471B"), text("AREA"), 0),
-       "AREA", 0},
-      {"after something else", normalization(rgb_color(90, 1), text("AREA"), 0), "-", unknown},
-      {"of another order", normalization(format, text("AREA"), 2), "-", unknown},
-      {"not text", normalization(format, Bytes().wide("AREA"), 0), "-", unknown},
-      {"without the number at the end", normalization(format, text("AREA"), 0).u16(0), "AREA", 0},
-      {"not stored", Bytes().zeros(20), "-", unknown},
+  const Bytes area = text("AREA");
+  const Bytes id = Bytes().zeros(18).u8(1).guid(unheard_of_id.guid).u16(0);
+  const std::vector<Row> rows = {
+      {"ascending", normalization(format, area, -1)},
+      {"ascending, too", normalization(format, text(""), 1)},
+      {"descending", normalization(format, area, 0)},
+      {"after a class id", Packed(id, format, area, -1, 10000)},
+      {"after a longer format", normalization(number_format(90, 60, "7E4F471B"), area, 0)},
+      {"after something else", normalization(rgb_color(90, 1), area, 0)},
+      {"of another order", normalization(format, area, 2)},
+      {"not text", normalization(format, Bytes().wide("AREA"), 0)},
+      {"without the number at the end", normalization(format, area, 0).u16(0)},
+      {"not stored", Bytes().zeros(20)},
   };
-  const Bytes ranges = Bytes().i32(2).f64s({1, 2}).f64s({0, 1});
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const Outlined outlined =
-        with_layer(feature_layer(20, class_breaks_renderer(23, ranges).add(c.after_legend)));
-    EXPECT_EQ(shown(outlined.facts().normalization_field), c.field);
-    EXPECT_EQ(outlined.facts().classes_ascend.value_or(false), c.ascend == 1);
-    EXPECT_EQ(outlined.facts().classes_ascend.has_value(), c.ascend != unknown);
-  }
+  const Bytes ranges = Packed(2, 1.0, 2.0, 0.0, 1.0);
+  expect_rows("normalization", rows, [&](const Bytes& after_legend) {
+    const Bytes renderer = class_breaks_renderer(23, ranges).add(after_legend);
+    const Outlined outlined = with_layer(feature_layer(20, renderer));
+    const auto ascend = outlined.facts().classes_ascend;
+    return shown(outlined.facts().normalization_field) + (!ascend   ? ""
+                                                          : *ascend ? ", ascending"
+                                                                    : ", descending");
+  });
 }
 
 TEST(Outline, extents) {
-  struct Case {
-    const char* what;
-    Bytes after_layers;
-    double xmin;
-  };
-  constexpr double none = -1;
-  const Bytes shown = envelope(80, {1, 2, 3, 4});
+  const Bytes one = envelope(80, {1, 2, 3, 4});
   const Bytes other = envelope(81, {5, 6, 7, 8});
-  const Bytes pair = Bytes(other).add(its_system()).add(shown);
+  const Bytes system = its_system();
+  const Bytes pair = Packed(other, system, one);
   const Bytes no_system = Bytes().i32(0).null_object();
+  const Bytes alone = Packed(system, Bytes().null_object());
   const double infinite = std::numeric_limits<double>::infinity();
-  const std::vector<Case> cases = {
-      {"a pair", Bytes(shown).add(its_system()).add(other), 1},
-      {"a pair without coordinate system", Bytes(shown).add(no_system).add(other), 1},
-      {"the first of two pairs", Bytes(shown).add(its_system()).add(other).zeros(8).add(pair), 1},
-      {"one alone", Bytes(shown).add(its_system()).null_object(), 1},
-      {"a pair after one alone",
-       Bytes(other).add(its_system()).null_object().add(shown).add(its_system()).add(other), 1},
-      {"apart", Bytes(shown).add(its_system()).zeros(5).add(other), none},
-      {"of another version", envelope(80, {1, 2, 3, 4}, 2).add(its_system()).add(other), none},
-      {"out of order", envelope(80, {3, 2, 1, 4}).add(its_system()).add(other), none},
-      {"infinite", envelope(80, {1, 2, infinite, 4}).add(its_system()).add(other), none},
-      {"cut", Bytes(shown).add(its_system()).prefix(70), none},
+  const std::vector<Row> rows = {
+      {"a pair", Packed(one, system, other)},
+      {"a pair without coordinate system", Packed(one, no_system, other)},
+      {"the first of two pairs", Packed(one, system, other, Bytes().zeros(8), pair)},
+      {"one alone", Packed(one, alone)},
+      {"a pair after one alone", Packed(other, alone, one, system, other)},
+      {"apart", Packed(one, system, Bytes().zeros(5), other)},
+      {"of another version", Packed(envelope(80, {1, 2, 3, 4}, 2), system, other)},
+      {"out of order", Packed(envelope(80, {3, 2, 1, 4}), system, other)},
+      {"infinite", Packed(envelope(80, {1, 2, infinite, 4}), system, other)},
+      {"cut", Packed(one, system).prefix(70)},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const auto extent =
-        with_layer(named_feature_layer(10, "a"), Bytes().counting(9).add(c.after_layers))
-            .map()
-            .extent;
-    EXPECT_EQ(extent ? extent->xmin : none, c.xmin);
-  }
+  expect_rows("extents", rows, [](const Bytes& after_layers) {
+    const auto outlined = with_layer(named_feature_layer(10, "a"), Packed(run(9), after_layers));
+    const auto extent = outlined.map().extent;
+    if (!extent) return std::string("-");
+    return double_text(extent->xmin) + ' ' + double_text(extent->ymin) + ' ' +
+           double_text(extent->xmax) + ' ' + double_text(extent->ymax);
+  });
   // Layers have extents of their own.
   EXPECT_EQ(with_layer(named_feature_layer(10, "a", pair)).map().extent, std::nullopt);
 }

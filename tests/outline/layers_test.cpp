@@ -1,3 +1,4 @@
+#include "core/number_text.h"
 #include "outline/outlined.h"
 
 namespace mxd::test {
@@ -13,22 +14,14 @@ Bytes false_list() {
   return Bytes().i32(1).i32(40).i32(0).counting(60, 0xC0);
 }
 
-constexpr int none = -1;
-
-struct Case {
-  const char* what;
-  Bytes after_name;
-  std::string_view layers;
-  int counted = none;
-  int missing = 0;
-};
-
-std::vector<Case> cases() {
+std::vector<Row> rows() {
   const Bytes a = named_feature_layer(10, "a");
   const Bytes b = named_feature_layer(20, "b");
   const Bytes c = named_feature_layer(30, "c");
   const Bytes service = foreign_layer(40, map_service_id, "service");
   const Bytes known = before_list();
+  const Bytes no_system = text("").null_object();
+  const Bytes again = Bytes().reference(Tmxd_feature_layer::clsid, 10);
   const Bytes nested = listed_group(50, "g",
                                     member_list({a, listed_group(51, "h", member_list({b})),
                                                  basemap(52, "m", member_list({service}))}));
@@ -37,54 +30,40 @@ std::vector<Case> cases() {
   const Bytes of_unread_class =
       Bytes().object(unheard_of_id, 61, 3, Bytes().u16(7).add(text("x")).zeros(30));
   return {
-      {"empty", Bytes(known).add(map_list({})), "", 0},
-      {"in order", Bytes(known).add(map_list({a, b, c})), "a, b, c", 3},
-      {"nested", Bytes(known).add(map_list({nested, c})),
-       "g, g/a, g/h, g/h/b, g/m?, g/m/service?, c", 2},
-      {"without coordinate system", Bytes(text("")).null_object().add(map_list({a, b})), "a, b", 2},
+      {"empty", Packed(known, map_list({}))},
+      {"in order", Packed(known, map_list({a, b, c}))},
+      {"nested", Packed(known, map_list({nested, c}))},
+      {"without coordinate system", Packed(no_system, map_list({a, b}))},
       {"after a coordinate system of another version",
-       before_list(8).add(map_list({a, service, b})), "a, service?, b", 3},
+       Packed(before_list(8), map_list({a, service, b}))},
       {"of classes that are not decoded",
-       Bytes(known).add(map_list({image_service(41, "i"), of_unread_class, service})),
-       "i?, x?, service?", 3},
-      {"that could not be read",
-       Bytes(known).add(map_list({broken_layer(42, "broken"), raster, a})), "broken!, r!, a", 3},
-      {"again",
-       Bytes(known).add(map_list({a, Bytes().reference(Tmxd_feature_layer::clsid, 10), b})),
-       "a, &, b", 3},
-      {"again, in no list",
-       Bytes(known).add(map_list({a})).reference(Tmxd_feature_layer::clsid, 10), "a, *&", 1},
-      {"elsewhere", Bytes(known).i32(3).zeros(40), "", 3, 3},
+       Packed(known, map_list({image_service(41, "i"), of_unread_class, service}))},
+      {"that could not be read", Packed(known, map_list({broken_layer(42, "broken"), raster, a}))},
+      {"again", Packed(known, map_list({a, again, b}))},
+      {"again, in no list", Packed(known, map_list({a}), again)},
+      {"elsewhere", Packed(known, 3, Bytes().zeros(40))},
       {"in another place, where nothing else shows that it is a list",
-       Bytes(text("")).null_object().i32(3).zeros(40), ""},
-      {"cut after the first", Bytes(known).i32(3).add(map_entries({a})).u16(2).i32(99).i32(1), "a",
-       3, 2},
-      {"of a kind that no list has",
-       Bytes(known).i32(2).add(map_entries({a})).u16(4).add(length_of(b)).add(b), "a, b*", 2, 1},
+       Packed(no_system, 3, Bytes().zeros(40))},
+      {"cut after the first", Packed(known, 3, map_entries({a}), word(2), 99, 1)},
+      {"of a kind that no list has", Packed(known, 2, map_entries({a}), word(4), length_of(b), b)},
       {"cut in a group",
-       Bytes(known).add(
-           map_list({listed_group(50, "g", Bytes().i32(2).add(members({a})).zeros(8)), b})),
-       "g, g/a, b", 2, 1},
+       Packed(known, map_list({listed_group(50, "g", Packed(2, members({a}), 0, 0)), b}))},
       {"in a layer of an unknown class",
-       Bytes(known).add(map_list({foreign_layer(45, unheard_of_id, "x", a), b})), "x?, x/a*, b", 2},
+       Packed(known, map_list({foreign_layer(45, unheard_of_id, "x", a), b}))},
       {"of a basemap after what looks like a list",
-       Bytes(known).add(map_list({basemap(52, "m", false_list().add(member_list({service})))})),
-       "m?, m/service?", 1},
-      {"of a basemap without a list",
-       Bytes(known).add(map_list({basemap(52, "m", Bytes().counting(80)), a})), "m?, a", 2},
-      {"counted by a group", group_layer(50, "g", 2).add(group_layer(51, "h", 1)).add(a).add(b),
-       "g*, g/h*, g/h/a*, g/b*"},
+       Packed(known, map_list({basemap(52, "m", false_list().add(member_list({service})))}))},
+      {"of a basemap without a list", Packed(known, map_list({basemap(52, "m", run(80)), a}))},
+      {"counted by a group", Packed(group_layer(50, "g", 2), group_layer(51, "h", 1), a, b)},
   };
 }
 
 TEST(Outline, layers) {
-  for (const Case& c : cases()) {
-    SCOPED_TRACE(c.what);
-    const Outlined outlined(one_map(c.after_name));
-    EXPECT_EQ(layers_text(outlined.map()), c.layers);
-    EXPECT_EQ(outlined.map().counted_layers.value_or(none), c.counted);
-    EXPECT_EQ(outlined.map().missing_layers(), c.missing);
-  }
+  expect_rows("layers", rows(), [](const Bytes& after_name) {
+    const Outlined outlined(one_map(after_name));
+    const auto counted = outlined.map().counted_layers;
+    return layers_text(outlined.map()) + " (" + (counted ? int_text(*counted) : "none") +
+           " counted, " + std::to_string(outlined.map().missing_layers()) + " missing)";
+  });
 }
 
 TEST(Outline, maps_end_where_the_next_one_begins) {

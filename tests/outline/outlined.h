@@ -1,6 +1,9 @@
 // A stream "Maps", decoded, with its outline.
 #pragma once
 
+#include <functional>
+
+#include "support/golden.h"
 #include "support/outline_checks.h"
 #include "support/outline_records.h"
 
@@ -23,6 +26,19 @@ struct Outlined {
 
 inline Bytes one_map(const Bytes& after_name) {
   return Bytes().i32(1).add(listed_map(1, "map", after_name));
+}
+
+struct Row {
+  const char* what;
+  Bytes bytes;
+};
+
+// A golden section with a line for each row.
+inline void expect_rows(const char* section, const std::vector<Row>& rows,
+                        const std::function<std::string(const Bytes&)>& show) {
+  std::string text;
+  for (const Row& row : rows) text += std::string(row.what) + ": " + show(row.bytes) + "\n";
+  expect_golden("outline", section, text);
 }
 
 // "-" for nothing.

@@ -1,15 +1,6 @@
 #include "support/class_table.h"
 
 namespace mxd::test {
-namespace {
-
-Bytes font() {
-  return Packed(Bytes().guid(guid_from_text("0be35203-8f91-11ce-9de3-00aa004bb851")), -1, byte(1),
-                word(204), byte(0x0E), word(700), 12500, byte(7), Bytes().raw("Symbols"));
-}
-
-}  // namespace
-
 #define ROW(Class, version, ...)                                                             \
   class_row<Class>(version, []([[maybe_unused]] int n, [[maybe_unused]] int mark) -> Bytes { \
     return Packed(__VA_ARGS__);                                                              \
@@ -28,7 +19,8 @@ const std::vector<Class_row>& class_table() {
       ROW(Tmxd_simple_marker_symbol, 1, record("rgb_color", 10 * n), 8.5, -3, trailer(mark), 45.0,
           1.25, -2.0, byte(200), 0.75, record("hsv_color", 10 * n + 1), run(2)),
       ROW(Tmxd_char_marker_symbol, 4, record("cmyk_color", 10 * n), 65, 90.0, 12.5, 1.0, 2.0, 3.0,
-          4.0, trailer(mark), word(65535), "Arial", 5.0, 6.0, run(2), run(10), font()),
+          4.0, trailer(mark), word(65535), "Arial", 5.0, 6.0, run(2), run(10),
+          Bytes().guid(standard_font_id.guid), font_fields(-1, 1, 0x0E, 12500, "Symbols")),
       ROW(Tmxd_arrow_marker_symbol, 1, record("rgb_color", 10 * n), 10.0, 5.0, 30.0, -1,
           trailer(mark), 1.0, 2.0, run(2)),
       ROW(Tmxd_picture_marker_symbol, 1, record("rgb_color", 10 * n),

@@ -90,6 +90,14 @@ class Packed : public Bytes {
   void put(const Bytes& bytes) { add(bytes); }
 };
 
+// A font without a class id.
+inline Bytes font_fields(int word1, int version, int flags, int size, std::string_view name) {
+  return Packed(word1, byte(version), word(204), byte(flags), word(700), size,
+                byte(static_cast<int>(name.size())), Bytes().raw(name));
+}
+
+inline constexpr Class_id standard_font_id{"0be35203-8f91-11ce-9de3-00aa004bb851"};
+
 // Records the errors of a load and counts its work.
 class Recorded_errors final : public Load_observer {
  public:

@@ -103,18 +103,9 @@ inline Bytes definition_query(const Bytes& query, const Bytes& color = Bytes().n
 
 // A font that its symbol says to be of another size, in points, than it states itself.
 inline Bytes font(std::string_view name, double stated, double own) {
-  return Bytes()
-      .f64(stated)
-      .zeros(28)
-      .guid(font_id.guid)
-      .i32(77)
-      .u8(1)
-      .u16(0)
-      .u8(0)
-      .u16(400)
-      .i32(static_cast<std::int64_t>(own * 10000))
-      .u8(static_cast<int>(name.size()))
-      .raw(name);
+  Bytes bytes = Bytes().f64(stated).zeros(28).guid(font_id.guid).i32(77).u8(1).u16(0).u8(0);
+  bytes.u16(400).i32(static_cast<std::int64_t>(own * 10000));
+  return bytes.u8(static_cast<int>(name.size())).raw(name);
 }
 
 inline Bytes text_symbol(int number, const Bytes& color, const Bytes& rest) {

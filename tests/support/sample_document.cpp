@@ -7,7 +7,6 @@
 #include "rendering/unique_value_renderer.h"
 #include "support/compound_builder.h"
 #include "support/sample_symbols.h"
-#include "symbology/line_symbols.h"
 
 namespace mxd::test {
 namespace {

@@ -47,11 +47,9 @@ TEST(Symbol_copies, reach_through_nested_symbols) {
                              record("line_template", 4), run(16), trailer(13), run(25));
   const Bytes nested = Packed(
       trailer(13), 1, Bytes().object(Tmxd_marker_line_symbol::clsid, 2, 1, trail), 0, 1, "tag");
-  Decoder decoder(Bytes()
-                      .object(Tmxd_multilayer_line_symbol::clsid, 1, 2, nested)
-                      .add(reference("multilayer_line_symbol", 1))
-                      .add(reference("marker_line_symbol", 2))
-                      .add(reference("picture_marker_symbol", 33)));
+  Decoder decoder(Packed(Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, nested),
+                         reference("multilayer_line_symbol", 1), reference("marker_line_symbol", 2),
+                         reference("picture_marker_symbol", 33)));
   Tmxd_multilayer_line_symbol lines, again;
   Tmxd_marker_line_symbol layer;
   Tmxd_picture_marker_symbol picture;

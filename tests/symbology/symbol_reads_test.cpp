@@ -4,9 +4,8 @@
 namespace mxd::test {
 namespace {
 
-Bytes font(int version, int flags, const char* class_id = "0be35203-8f91-11ce-9de3-00aa004bb851") {
-  return Packed(Bytes().guid(guid_from_text(class_id)), 1, byte(version), word(204), byte(flags),
-                word(700), 10000, byte(5), Bytes().raw("Serif"));
+Bytes font(int version, int flags, const Guid& class_id = standard_font_id.guid) {
+  return Packed(Bytes().guid(class_id), font_fields(1, version, flags, 10000, "Serif"));
 }
 
 template <class T>
@@ -20,7 +19,7 @@ TEST(Char_marker, reads_what_its_version_has) {
   const Bytes mark = Packed(trailer(13), word(65535));
   const Bytes other_mark = Packed(trailer(13), word(65534));
   const Bytes named = Packed("Arial", 7.0, 8.0, byte(9), byte(10), run(4), run(6));
-  const Bytes other_class = font(1, 0, "0be35203-8f91-11ce-9de3-00aa004bb852");
+  const Bytes other_class = font(1, 0, Guid{{1}});
   std::vector<Decode_case> cases;
   for (const auto& [version, fields] : std::initializer_list<std::pair<int, Bytes>>{
            {1, Packed(head, mark)},

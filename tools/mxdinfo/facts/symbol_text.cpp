@@ -165,7 +165,9 @@ std::vector<const Tmxd_symbol*> symbol_layers(const Tmxd_symbol* symbol) {
           },
           [](const Tmxd_multilayer_line_symbol& line) { return pointers(line.line_symbols); },
           [](const Tmxd_multilayer_fill_symbol& fill) { return pointers(fill.fill_symbols); },
-          [](const auto& single) { return Layers{&single}; },
+          [](const Tmxd_marker_symbol& single) { return Layers{&single}; },
+          [](const Tmxd_line_symbol& single) { return Layers{&single}; },
+          [](const Tmxd_fill_symbol& single) { return Layers{&single}; },
       });
 }
 
