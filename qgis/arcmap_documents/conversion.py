@@ -7,12 +7,13 @@ import re
 from dataclasses import dataclass, field
 from typing import Optional
 
-from qgis.core import QgsMapLayer, QgsProject, QgsVectorLayer
+from qgis.core import QgsProject, QgsVectorLayer
 
 from . import pictures
 from .losses import Loss, Losses
 from .project import Builder, ConvertedMap, Progress, layer_path
 from .reader import ReadError, read
+from .sld import save_sld
 from .sources import Places
 
 
@@ -63,15 +64,6 @@ class FileNames:
         return self.stem(folder, os.path.splitext(os.path.basename(document))[0])
 
 
-def _save_style(layer: QgsMapLayer, path: str, style: str) -> str:
-    """Empty, or why the style cannot be written."""
-    if style == "qml":
-        message, ok = layer.saveNamedStyle(path)
-    else:
-        message, ok = layer.saveSldStyle(path)
-    return "" if ok else message
-
-
 def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses: Losses) -> None:
     names, (folder, name) = FileNames(), os.path.split(stem)
     for converted in maps:
@@ -80,37 +72,18 @@ def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses:
                 continue
             losses.layer = layer_path(converted.map.layers, index)
             base = names.stem(folder, f"{name} - {layer.name()}")
-            for style in options.styles:
-                if style == "sld":
-                    add_sld_losses(layer, losses)
-                problem = _save_style(layer, f"{base}.{style}", style)
+            stored = converted.map.layers[index]
+            problems = {}
+            if "qml" in options.styles:
+                message, ok = layer.saveNamedStyle(f"{base}.qml")
+                problems["qml"] = "" if ok else message
+            if "sld" in options.styles:
+                problems["sld"] = save_sld(
+                    layer, stored.geometry, stored.renderer, f"{base}.sld", losses
+                )
+            for style, problem in problems.items():
                 if problem:
                     losses.add(f"{style} file", problem)
-
-
-# Symbol layers that QGIS writes to SLD as comments.
-_NOT_IN_SLD = {
-    "RandomMarkerFill": "random markers of a fill",
-    "HashLine": "hashes along a line",
-    "EllipseMarker": "arrow marker",
-}
-
-
-def add_sld_losses(layer: QgsVectorLayer, losses: Losses) -> None:
-    """What SLD cannot say of the layer's symbols."""
-    renderer = layer.renderer()
-    if renderer is None:
-        return
-    if renderer.orderByEnabled():
-        losses.add("order of drawing", "SLD does not say that large markers are drawn first")
-    for item in renderer.legendSymbolItems():
-        symbol = item.symbol()
-        for each in symbol.symbolLayers() if symbol is not None else []:
-            if each.layerType() in _NOT_IN_SLD:
-                losses.add(_NOT_IN_SLD[each.layerType()], "SLD has no words for it")
-    if layer.labeling() is not None and layer.labeling().settings().isExpression:
-        if " " in layer.labeling().settings().fieldName:
-            losses.add("labels", "SLD files have labels of single fields only")
 
 
 def _write_pictures(maps: list[ConvertedMap], stem: str, losses: Losses) -> None:

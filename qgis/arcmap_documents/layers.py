@@ -43,12 +43,20 @@ def reference_system(system: Optional[CoordinateSystem]) -> QgsCoordinateReferen
     return QgsCoordinateReferenceSystem.fromWkt(system.wkt)
 
 
+def subset(query: str) -> str:
+    """The condition with the names of fields as SQL quotes them; texts stay as they are."""
+    return re.sub(r"('[^']*')|\[([^\]]*)\]", lambda m: m[1] or f'"{m[2]}"', query)
+
+
 def _missing_vector(layer: Layer, location: Location) -> QgsVectorLayer:
     """A layer to repair: it keeps the geometry type of the memory layer that it was."""
     geometry = _MEMORY_TYPES.get(layer.geometry or "", "Point")
     made = QgsVectorLayer(geometry, layer.name, "memory")
-    options = QgsDataProvider.ProviderOptions()
-    made.setDataSource(location.uri, layer.name, location.provider, options)
+    uri = location.uri
+    if layer.definition_query and location.provider == "ogr":
+        # For data that is put there later; a layer that is repaired keeps its subset string.
+        uri += f"|subset={subset(layer.definition_query)}"
+    made.setDataSource(uri, layer.name, location.provider, QgsDataProvider.ProviderOptions())
     return made
 
 
@@ -75,13 +83,7 @@ def _raster(layer: Layer, location: Location, losses: Losses) -> QgsRasterLayer:
     return made
 
 
-def subset(query: str) -> str:
-    """The condition with the names of fields as SQL quotes them; texts stay as they are."""
-    return re.sub(r"('[^']*')|\[([^\]]*)\]", lambda m: m[1] or f'"{m[2]}"', query)
-
-
 def _apply_query(made: QgsVectorLayer, query: Optional[str], losses: Losses) -> None:
-    # A layer without data keeps the query until it is repaired.
     if query and not made.setSubsetString(subset(query)) and made.isValid():
         losses.add("definition query", f"QGIS cannot apply it, all features are shown: {query}")
 

@@ -182,6 +182,7 @@ class Saved(Case):
         self.assertEqual((5000.0, 100.0), (layer.minimumScale(), layer.maximumScale()))
         self.assertTrue(layer.hasScaleBasedVisibility())
         self.assertEqual("\"N\" = '[1]'", layer.subsetString())
+        self.assertTrue(layer.source().endswith("|subset=\"N\" = '[1]'"), layer.source())
         self.assertEqual('"N"', layer.displayExpression())
         self.assertEqual("EPSG:32648", layer.crs().authid())
         self.assertFalse(QgsProject.instance().layerTreeRoot().findLayer(layer).isVisible())
