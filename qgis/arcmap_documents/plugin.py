@@ -126,16 +126,26 @@ class ArcMapDocuments:
 
         losses = Losses()
         losses.add_read_losses(document.losses)
-        QgsProject.instance().clear()
+        project, canvas = QgsProject.instance(), self.iface.mapCanvas()
+        project.clear()
+        # Else QGIS takes coordinate system and view from the first layer.
+        bridge = self.iface.layerTreeCanvasBridge()
+        bridge.setAutoSetupOnFirstLayer(False)
+        canvas.freeze(True)
         try:
-            maps = Builder(QgsProject.instance(), document, places, losses).build(progress)
+            maps = Builder(project, document, places, losses).build(progress)
+            bridge.setCanvasLayers()
         except Cancelled:
-            QgsProject.instance().clear()
+            project.clear()
             return
         finally:
             dialog.close()
+            canvas.freeze(False)
+            bridge.setAutoSetupOnFirstLayer(True)
+        canvas.setDestinationCrs(project.crs())
         if maps and not view_of(maps[0]).isEmpty():
-            self.iface.mapCanvas().setExtent(view_of(maps[0]))
+            canvas.setExtent(view_of(maps[0]))
+        canvas.refresh()
         self._show_losses(document, losses)
 
     def _may_replace(self) -> bool:

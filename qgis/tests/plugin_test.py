@@ -52,6 +52,10 @@ class Plugin(Case):
         self.assertEqual({"Rivers & canals", "Relief", "Towns", "Land use"}, names)
         self.assertIn("Towns", box().setDetailedText.call_args[0][0])
         self.iface.addToolBarIcon.assert_called_once()
+        # Else QGIS takes coordinate system and view from the first layer.
+        states = self.iface.layerTreeCanvasBridge().setAutoSetupOnFirstLayer.call_args_list
+        self.assertEqual([mock.call(False), mock.call(True)], states)
+        self.iface.mapCanvas().setDestinationCrs.assert_called_with(QgsProject.instance().crs())
 
     def test_a_file_that_is_no_document_is_reported(self) -> None:
         path = os.path.join(self.folder, "bad.mxd")
