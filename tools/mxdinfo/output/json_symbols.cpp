@@ -4,6 +4,7 @@
 
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
+#include "mxdinfo/facts/marker_shapes.h"
 #include "mxdinfo/facts/symbol_text.h"
 #include "mxdinfo/output/json_parts.h"
 #include "symbology/symbol_classes.h"
@@ -94,10 +95,16 @@ void add(Json& json, const Tmxd_simple_marker_symbol& symbol) {
   json["outline_color"] = color_json(symbol.outline_color);
 }
 
+Json shape_json(const Marker_shape* shape) {
+  if (!shape) return nullptr;
+  return {{"name", shape->name}, {"filled", shape->filled}, {"size", shape->size}};
+}
+
 void add(Json& json, const Tmxd_char_marker_symbol& symbol) {
   json["character"] = symbol.unicode;
   json["font_name"] = utf8(symbol.font_name);
   json["font"] = font_json(symbol.font);
+  json["shape"] = shape_json(shape_of(symbol));
   json["color"] = color_json(symbol.color_slot);
   json["size"] = symbol.size;
   json["angle"] = symbol.angle;

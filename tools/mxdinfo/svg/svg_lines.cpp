@@ -124,10 +124,12 @@ std::string cap_and_join(std::int32_t cap, std::int32_t join) {
 void draw_decoration(Canvas& canvas, const Tmxd_simple_line_decoration_element& element,
                      const Path& path, int level) {
   for (std::size_t i = 0; i < std::min(element.positions.size(), max_poses); ++i) {
-    Pose pose =
-        pose_at(path, std::clamp(bounded(element.positions[i]), 0.0, 1.0) * length_of(path));
+    const double position = std::clamp(bounded(element.positions[i]), 0.0, 1.0);
+    Pose pose = pose_at(path, position * length_of(path));
     if (element.unfixed_angle) pose.angle = 0;
-    if (element.flip_all || (element.flip_first && i == 0)) pose.angle += 180;
+    // A flipped first marker points away from the line. One at the end does so unflipped.
+    const bool first_flipped = element.flip_first && i == 0 && position < 1;
+    if (element.flip_all || first_flipped) pose.angle += 180;
     draw_marker(canvas, element.marker.get(), pose, level + 1);
   }
 }

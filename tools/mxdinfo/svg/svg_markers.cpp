@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/marker_shapes.h"
 #include "mxdinfo/svg/svg.h"
 #include "symbology/symbol_classes.h"
 
@@ -88,8 +89,34 @@ bool is_printable(std::int32_t code) {
          !(code >= 0x202A && code <= 0x202E) && !(code >= 0xFDD0 && code <= 0xFDEF);
 }
 
+// An outline lies within the size.
+void draw_shape(Canvas& canvas, const Marker_shape& shape, double font_size,
+                std::string_view color) {
+  constexpr double outline_share = 0.1;
+  const double size = font_size * shape.size;
+  const double outline = shape.filled ? 0 : size * outline_share;
+  const double radius = (size - outline) / 2;
+  const std::string look =
+      shape.filled
+          ? fmt::format(R"(fill="{}")", color)
+          : fmt::format(R"(fill="none" stroke="{}" stroke-width="{}")", color, number(outline));
+  if (shape.corners.empty()) {
+    canvas.add(fmt::format(R"(<circle r="{}" {}/>)", number(radius), look));
+    return;
+  }
+  std::string d;
+  for (const auto& [x, y] : shape.corners) {
+    d += fmt::format("{}{} {}", d.empty() ? "M" : "L", number(radius * x), number(radius * y));
+  }
+  canvas.add(fmt::format(R"(<path d="{}Z" {}/>)", d, look));
+}
+
 void draw_character(Canvas& canvas, const Tmxd_char_marker_symbol& symbol) {
   const double size = std::abs(bounded(symbol.size));
+  if (const Marker_shape* shape = shape_of(symbol)) {
+    draw_shape(canvas, *shape, size, color_or_none(symbol.color_slot));
+    return;
+  }
   const std::string font = utf8(symbol.font_name);
   if (!is_printable(symbol.unicode)) {
     canvas.unknown(box_around(size),
@@ -205,27 +232,27 @@ double marker_reach(const Tmxd_symbol* symbol, int level) {
     return bounded(size) / 2 +
            std::max(std::abs(bounded(placement.x)), std::abs(bounded(placement.y)));
   };
-  return visit(*symbol,
-               Overloaded{
-                   [&](const Tmxd_simple_marker_symbol& marker) {
-                     return reach(std::abs(marker.size) +
-                                  (marker.outline_flag ? 2 * marker.outline_width : 0));
-                   },
-                   [&](const Tmxd_char_marker_symbol& marker) { return reach(marker.size); },
-                   [&](const Tmxd_arrow_marker_symbol& marker) {
-                     return reach(std::max(std::abs(marker.size), std::abs(marker.width)));
-                   },
-                   [&](const Tmxd_picture_marker_symbol&) { return 0.0; },
-                   [&](const Tmxd_multilayer_marker_symbol& marker) {
-                     double widest = 0;
-                     for_each_drawn_layer(marker.marker_symbols, [&](const Tmxd_symbol& layer) {
-                       widest = std::max(widest, marker_reach(&layer, level + 1));
-                     });
-                     return widest;
-                   },
-                   [](const Tmxd_line_symbol&) { return 0.0; },
-                   [](const Tmxd_fill_symbol&) { return 0.0; },
-               });
+  return visit(
+      *symbol,
+      Overloaded{
+          [&](const Tmxd_simple_marker_symbol& marker) {
+            return reach(std::abs(marker.size) + (marker.outline_flag ? marker.outline_width : 0));
+          },
+          [&](const Tmxd_char_marker_symbol& marker) { return reach(marker.size); },
+          [&](const Tmxd_arrow_marker_symbol& marker) {
+            return reach(std::max(std::abs(marker.size), std::abs(marker.width)));
+          },
+          [&](const Tmxd_picture_marker_symbol&) { return 0.0; },
+          [&](const Tmxd_multilayer_marker_symbol& marker) {
+            double widest = 0;
+            for_each_drawn_layer(marker.marker_symbols, [&](const Tmxd_symbol& layer) {
+              widest = std::max(widest, marker_reach(&layer, level + 1));
+            });
+            return widest;
+          },
+          [](const Tmxd_line_symbol&) { return 0.0; },
+          [](const Tmxd_fill_symbol&) { return 0.0; },
+      });
 }
 
 }  // namespace mxdinfo
