@@ -113,7 +113,9 @@ def _decoration(element: dict[str, Any], line: Symbol, losses: Losses) -> list[Q
                 "QGIS draws markers at a line's ends and middle only; this one is missing",
             )
             continue
-        flipped = element["flip_all"] or (element["flip_first"] and index == 0)
+        # A flipped first marker points away from the line. One at the end does so unflipped.
+        first_flipped = element["flip_first"] and index == 0 and position < 1
+        flipped = element["flip_all"] or first_flipped
         sub_symbol = marker(element["marker"], losses)
         if flipped:
             sub_symbol.setAngle(sub_symbol.angle() + 180)

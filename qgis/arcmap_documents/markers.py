@@ -33,22 +33,14 @@ _STYLES = {
     "diamond": Shape.Diamond,
 }
 
-# Characters of "ESRI Default Marker" that are plain shapes: the shape, whether it is filled, and
-# its size as a share of the font's.
-_GLYPHS: dict[int, tuple[object, bool, float]] = {
-    33: (Shape.Circle, True, 0.75),
-    34: (Shape.Square, True, 0.66),
-    35: (Shape.EquilateralTriangle, True, 0.8),
-    36: (Shape.Pentagon, True, 0.75),
-    37: (Shape.Hexagon, True, 0.75),
-    38: (Shape.Octagon, True, 0.75),
-    40: (Shape.Circle, False, 0.75),
-    41: (Shape.Square, False, 0.66),
-    42: (Shape.EquilateralTriangle, False, 0.8),
-    43: (Shape.Pentagon, False, 0.75),
-    44: (Shape.Hexagon, False, 0.75),
-    45: (Shape.Octagon, False, 0.75),
-    94: (Shape.Star, True, 1.06),
+_SHAPES = {
+    "circle": Shape.Circle,
+    "square": Shape.Square,
+    "triangle": Shape.EquilateralTriangle,
+    "pentagon": Shape.Pentagon,
+    "hexagon": Shape.Hexagon,
+    "octagon": Shape.Octagon,
+    "star": Shape.Star,
 }
 
 
@@ -99,11 +91,12 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
 
 
 def _glyph(symbol: Symbol) -> Optional[QgsSimpleMarkerSymbolLayer]:
-    if symbol["font_name"] != "ESRI Default Marker" or symbol["character"] not in _GLYPHS:
+    plain = symbol["shape"]
+    if plain is None or plain["name"] not in _SHAPES:
         return None
-    shape, filled, share = _GLYPHS[symbol["character"]]
-    size, color = length(symbol["size"]) * share, qcolor(symbol["color"])
-    if filled:
+    shape = _SHAPES[plain["name"]]
+    size, color = length(symbol["size"]) * plain["size"], qcolor(symbol["color"])
+    if plain["filled"]:
         return _shape(shape, size, color, color, 0.0)
     width = size / 10
     return _shape(shape, size - width, qcolor(None), color, width)

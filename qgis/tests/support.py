@@ -58,6 +58,7 @@ _DEFAULTS: dict[str, dict[str, Any]] = {
     "simple_marker": {"style": "circle", "color": RED, "size": 8.0, **_PLACE, "outline": False,
                       "outline_width": 0.0, "outline_color": None},
     "char_marker": {"character": 33, "font_name": "ESRI Default Marker", "font": None,
+                    "shape": {"name": "circle", "filled": True, "size": 0.75},
                     "color": RED, "size": 10.0, **_PLACE},
     "arrow_marker": {"color": RED, "size": 12.0, "width": 6.0, **_PLACE},
     "picture_marker": {"size": 12.0, **_PLACE, "colors": []},

@@ -52,7 +52,8 @@ class Symbols(Case):
                                                          "outline_width": "1"}),
             ("simple_marker", {"color": OFF}, {"color": none, "outline_style": "no"}),
             ("simple_marker", {"style": "diamond", "angle": 30.0}, {"angle": "-30"}),
-            ("char_marker", {"character": 94}, {"name": "star", "color": red}),
+            ("char_marker", {"shape": {"name": "star", "filled": True, "size": 1.0}},
+             {"name": "star", "size": "10", "color": red}),
             ("simple_line", {"width": 2.0}, {"line_width": "2", "line_width_unit": "Point",
                                              "line_color": red, "line_style": "solid"}),
             ("simple_line", {"color": OFF}, {"line_style": "no"}),
@@ -100,7 +101,7 @@ class Symbols(Case):
     def test_stand_ins_are_losses(self) -> None:
         self.made("picture_marker")
         self.made("picture_fill")
-        self.made("char_marker", font_name="No Such Font", character=65)
+        self.made("char_marker", font_name="No Such Font", character=65, shape=None)
         subjects = [
             "picture of a marker",
             "picture of a fill",

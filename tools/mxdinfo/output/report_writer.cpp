@@ -28,7 +28,7 @@ std::unique_ptr<Report_writer> make_writer(const Options& options) {
     case Format::csv:
       return make_csv_writer(options);
     case Format::html:
-      return make_html_writer();
+      return make_html_writer(options);
     case Format::dump:
       return make_dump_writer();
     case Format::xml:  // written by the library

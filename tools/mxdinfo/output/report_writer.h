@@ -36,7 +36,7 @@ std::unique_ptr<Report_writer> make_text_writer(const Options& options);
 std::unique_ptr<Report_writer> make_source_finder(const Options& options);
 std::unique_ptr<Report_writer> make_json_writer(const Options& options);
 std::unique_ptr<Report_writer> make_csv_writer(const Options& options);
-std::unique_ptr<Report_writer> make_html_writer();
+std::unique_ptr<Report_writer> make_html_writer(const Options& options);
 std::unique_ptr<Report_writer> make_dump_writer();
 std::unique_ptr<Report_writer> make_loss_writer(const Options& options);
 
