@@ -75,7 +75,7 @@ class Symbols(Case):
                                                "symbol_height": "12", "symbol_width": "6",
                                                "color": red}),
             ("picture_marker", {"size": 20.0}, {"name": "square", "size": "16"}),
-            ("char_marker", {"font_name": "No Such Font", "size": 10.0}, {"name": "square",
+            ("char_marker", {"font_name": "No Such Font", "shape": None}, {"name": "square",
                                                                          "size": "7"}),
             ("marker_line", {"marker": symbol("simple_marker"), "template": template(2, 6),
                              "offset": 1.5}, {"interval": "8", "offset_along_line": "1",

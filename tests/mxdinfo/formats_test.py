@@ -1,7 +1,9 @@
 """The forms of the output agree with each other and with their descriptions."""
 
+import base64
 import csv
 import glob
+import hashlib
 import io
 import json
 import os
@@ -93,7 +95,8 @@ class Formats(Case):
                     text += f"exit code {result.returncode}\n"
                 for varies, word in ((r'(mxdinfo |"version": ")[0-9.]+', r"\1VERSION"),
                                      (r'("modified": ")[^"]+', r"\1TIME"),
-                                     (r"(<style>).*?(</style>)", r"\1\2"),
+                                     (r"(<(style|script)>).*?(</\2>)", r"\1\3"),
+                                     (r"(script-src 'sha256-)[^']+", r"\1HASH"),
                                      (r"[0-9.]+ s, [0-9]+ documents a second", "TIME")):
                     text = re.sub(varies, word, text, flags=re.DOTALL)
                 path = os.path.join(ROOT, "tests/golden/mxdinfo", golden)
@@ -102,6 +105,12 @@ class Formats(Case):
                         file.write(text)
                 with open(path, encoding="utf-8", newline="") as file:
                     self.assertEqual(file.read(), text)
+
+    def test_the_page_allows_its_script_and_no_other(self):
+        text = self.run_mxdinfo("-f", "html", SAMPLE)[0]
+        script, = re.findall("<script>(.*?)</script>", text, re.DOTALL)
+        digest = base64.b64encode(hashlib.sha256(script.encode()).digest()).decode()
+        self.assertIn(f"script-src 'sha256-{digest}'\"", text)
 
     def test_options_are_documented(self):
         options = set(re.findall(r"--[a-z-]+", self.run_mxdinfo("--help")[0]))

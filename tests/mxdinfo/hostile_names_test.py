@@ -33,8 +33,9 @@ NAMES = {
     "beyond the first plane": "日本語 😀 عربى",
 }
 ALLOWED_TAGS = set(
-    "html head meta title style body header nav section h1 h2 h3 p span b bdi ul li dl dt dd div "
-    "details summary pre table tr th td a svg g rect circle path text".split())
+    "html head meta title style script body main header nav section h1 h2 h3 p span b bdi ul li dl dt dd div "
+    "details summary noscript pre table thead tbody tr th td a label input button output svg use g rect "
+    "circle path text".split())
 
 
 def replaced(name):

@@ -14,7 +14,7 @@ SAMPLE = os.environ["SAMPLE"]
 SCHEMA = os.environ["SCHEMA"]
 SAMPLES = os.environ["SAMPLES"]
 
-VOID_TAGS = {"meta", "rect", "circle", "path"}
+VOID_TAGS = {"meta", "input", "rect", "circle", "path", "use"}
 
 
 class Case(unittest.TestCase):

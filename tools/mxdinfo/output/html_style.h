@@ -23,7 +23,7 @@ p{margin:.2rem 0}.soft,dt{color:var(--soft)}.bad{color:var(--bad)}
 input,button{font:inherit;color:inherit;background:var(--paper);border:1px solid var(--soft);border-radius:5px;padding:.25rem .6rem}
 th button{border:0;padding:0;background:none;font-weight:600;cursor:pointer;text-align:inherit}
 th button::after{content:"\2195";color:var(--soft);margin-left:.3em}[aria-sort=ascending] button::after{content:"\2191"}[aria-sort=descending] button::after{content:"\2193"}
-table{border-collapse:collapse;width:100%}th,td{text-align:left;font-weight:400;padding:.25rem .75rem .25rem 0;border-bottom:1px solid var(--line);vertical-align:top;overflow-wrap:anywhere}thead th{font-weight:600}td.n,th.n{text-align:right;white-space:nowrap;width:6.5rem}tbody tr:last-child>*{border-bottom:0}
+table{border-collapse:collapse;width:100%}th,td{text-align:left;font-weight:400;padding:.25rem .75rem .25rem 0;border-bottom:1px solid var(--line);vertical-align:top;overflow-wrap:anywhere}thead th{font-weight:600;overflow-wrap:normal}td.n,th.n{text-align:right;white-space:nowrap;width:6.5rem}tbody tr:last-child>*{border-bottom:0}
 #totals>details+details{margin-top:.6rem}#totals>details>summary{font-weight:600}
 ul{list-style:none;margin:0;padding:0}ul ul{margin-left:.55rem;padding-left:1.15rem;border-left:1px solid var(--line)}
 li{margin:.45rem 0}td li,th li{margin:.1rem 0 .1rem 1rem}
@@ -40,7 +40,7 @@ dl{display:grid;grid-template-columns:7rem 1fr;gap:.05rem .8rem;margin:.15rem 0 
 .swatch{flex:none;background:#fff;border-radius:3px}.swatch[data-pale]{background:#7d8790}
 .unknown rect{fill:#f2f2f2;stroke:#b3b3b3;stroke-width:.5}.unknown path{fill:none;stroke:#b3b3b3;stroke-width:.5}
 pre{white-space:pre-wrap;overflow-wrap:anywhere;margin:.3rem 0;font-size:.85em}
-@media (max-width:40rem){body{padding:.75rem}nav,section{padding:.6rem .75rem}dl{grid-template-columns:1fr}dt{margin-top:.2rem}td.n,th.n{width:auto;padding-left:.5rem}}
+@media (max-width:40rem){body{padding:.75rem}nav,section{padding:.6rem .75rem}dl{grid-template-columns:1fr}dt{margin-top:.2rem}table{font-size:.85rem}td.n,th.n{width:3.6rem;padding:.25rem 0 .25rem .4rem}th button::after{content:none!important}}
 @media print{:root{color-scheme:light;--line:#d4d9de;--soft:#444;--paper:#fff;--page:#fff;--ink:#000;--accent:#000;--bad:#8c1d18}body{padding:0;max-width:none;font-size:10pt;display:block}nav,section{border:0;padding:0;margin-bottom:1rem}main{display:block}main>section{content-visibility:visible}#tools,.skip,.up,.back{display:none}a{text-decoration:none}h2,h3,.layer,.heading{break-after:avoid}tr,dl,.legend p{break-inside:avoid}thead{display:table-header-group}.swatch{print-color-adjust:exact;-webkit-print-color-adjust:exact}th button::after{content:""}}
 )";
 
