@@ -70,7 +70,7 @@ def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses:
         for index, layer in converted.by_index.items():
             if not isinstance(layer, QgsVectorLayer):
                 continue
-            losses.layer = layer_path(converted.map.layers, index)
+            losses.layer = layer_path(converted.map, index, len(maps) > 1)
             base = names.stem(folder, f"{name} - {layer.name()}")
             stored = converted.map.layers[index]
             problems = {}

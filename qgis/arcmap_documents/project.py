@@ -40,14 +40,15 @@ class ConvertedMap:
     by_index: dict[int, QgsMapLayer] = field(default_factory=dict)
 
 
-def layer_path(layers: list[Layer], index: int) -> str:
-    """The names of the groups that hold the layer and its own."""
+def layer_path(map_: Map, index: int, several_maps: bool) -> str:
+    """The names of the groups that hold the layer and its own, after the map's if there are
+    several."""
     names: list[str] = []
     at: Optional[int] = index
     while at is not None and len(names) < 100:
-        names.insert(0, layers[at].name)
-        at = layers[at].parent
-    return " / ".join(names)
+        names.insert(0, map_.layers[at].name)
+        at = map_.layers[at].parent
+    return " / ".join([map_.name] * several_maps + names)
 
 
 class Builder:
@@ -91,8 +92,7 @@ class Builder:
             nodes[index] = parent.addGroup(layer.name)
             nodes[index].setItemVisibilityChecked(layer.visible is not False)
             return
-        names = [result.map.name] if len(self.document.maps) > 1 else []
-        self.losses.layer = " / ".join(names + [layer_path(result.map.layers, index)])
+        self.losses.layer = layer_path(result.map, index, len(self.document.maps) > 1)
         made = convert(layer, self.document, self.places, self.losses)
         if made is None:
             return

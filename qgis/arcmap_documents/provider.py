@@ -6,6 +6,7 @@ import os
 from typing import Any
 
 from qgis.core import (
+    QgsProcessing,
     QgsProcessingAlgorithm,
     QgsProcessingContext,
     QgsProcessingException,
@@ -15,6 +16,7 @@ from qgis.core import (
     QgsProcessingParameterEnum,
     QgsProcessingParameterFile,
     QgsProcessingParameterFolderDestination,
+    QgsProcessingParameterMultipleLayers,
     QgsProcessingParameterString,
     QgsProcessingProvider,
     QgsSettings,
@@ -28,7 +30,7 @@ STYLES = ["qml", "sld"]
 
 
 class ConvertDocuments(QgsProcessingAlgorithm):
-    """Converts a document, or all documents of a folder."""
+    """Converts documents, or all documents of a folder."""
 
     def createInstance(self) -> "ConvertDocuments":  # noqa: N802
         return ConvertDocuments()
@@ -41,8 +43,8 @@ class ConvertDocuments(QgsProcessingAlgorithm):
 
     def shortHelpString(self) -> str:  # noqa: N802
         return (
-            "Writes a QGIS project for an ArcMap document (.mxd), or for each document of a folder "
-            "and of the folders below it. Folder mappings are STORED=HERE, one a line."
+            "Writes a QGIS project for each ArcMap document (.mxd) that is chosen, or that is in a "
+            "folder or the folders below it. Folder mappings are STORED=HERE, one a line."
         )
 
     def flags(self) -> Any:
@@ -50,10 +52,10 @@ class ConvertDocuments(QgsProcessingAlgorithm):
         return super().flags() | QgsProcessingAlgorithm.FlagNoThreading
 
     def initAlgorithm(self, config: Any = None) -> None:  # noqa: N802
-        file, folder = QgsProcessingParameterFile.File, QgsProcessingParameterFile.Folder
+        folder = QgsProcessingParameterFile.Folder
         for parameter in (
-            QgsProcessingParameterFile(
-                "DOCUMENT", "Document", file, fileFilter="ArcMap documents (*.mxd)", optional=True
+            QgsProcessingParameterMultipleLayers(
+                "DOCUMENTS", "Documents", QgsProcessing.TypeFile, optional=True
             ),
             QgsProcessingParameterFile("FOLDER", "Folder of documents", folder, optional=True),
             QgsProcessingParameterString("MAPPINGS", "Folder mappings", "", True, True),
@@ -70,9 +72,9 @@ class ConvertDocuments(QgsProcessingAlgorithm):
         self, parameters: dict[str, Any], context: QgsProcessingContext, output: str
     ) -> list[tuple[str, str]]:
         """Each document with the folder to write it to: its place below the output folder."""
-        document = self.parameterAsFile(parameters, "DOCUMENT", context)
+        chosen = self.parameterAsFileList(parameters, "DOCUMENTS", context)
         folder = self.parameterAsFile(parameters, "FOLDER", context)
-        documents = [(document, output)] if document else []
+        documents = [(path, output) for path in chosen if path]
         for path in documents_in(folder, True) if folder else ():
             below = os.path.relpath(os.path.dirname(path), folder)
             documents.append((path, os.path.join(output, below)))

@@ -82,6 +82,9 @@ class Plugin(Case):
         for name in ("a/sample.qgz", "a/b/sample.qgz", "a/b/sample - Towns.qml"):
             self.assertTrue(os.path.exists(os.path.join(output, name)), name)
         self.assertEqual("What the user works on", QgsProject.instance().title())
+        chosen = {"DOCUMENTS": [os.path.join(below, "sample.mxd")] * 2, "OUTPUT": output}
+        self.assertEqual(2, algorithm.run(chosen, context, feedback)[0]["PROJECTS"])
+        self.assertTrue(os.path.exists(os.path.join(output, "sample 2.qgz")))
         feedback.cancel()
         self.assertEqual(0, algorithm.run(parameters, context, feedback)[0]["PROJECTS"])
         _, ok = algorithm.run({**parameters, "MAPPINGS": "C:"}, context, QgsProcessingFeedback())
