@@ -46,6 +46,14 @@ TEST(Xml, is_written_in_pieces_without_gaps) {
   EXPECT_TRUE(text == expected + "\n</root>");
 }
 
+TEST(Xml, is_written_before_it_is_complete) {
+  std::FILE* file = std::tmpfile();
+  Xml_builder xml(file, "root");
+  for (int i = 0; i < 200; ++i) xml.add_string("text", std::string(1000, 'x'));
+  EXPECT_GT(std::ftell(file), 100'000);
+  std::fclose(file);
+}
+
 TEST(Xml, a_file_that_cannot_be_opened_fails) {
   EXPECT_FALSE(Tmxd_mxd().save_xml(from_ascii("no such folder/file.xml")));
   EXPECT_FALSE(Tmxd_mxd().save_xml(from_ascii(".")));

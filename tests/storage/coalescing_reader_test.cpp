@@ -75,5 +75,16 @@ TEST(Coalescing_reader, reads_the_pieces_before_the_first_incomplete_one) {
   }
 }
 
+TEST(Coalescing_reader, reads_a_window_of_its_whole_size_at_once) {
+  const Byte_run bytes = noise(20000);
+  Byte_run read(1024);
+  for (const int last : {16384, 16385}) {
+    Shrunken_stream stream(bytes, 1U << 20);
+    Coalescing_reader reader(stream, 1U << 20);
+    EXPECT_EQ(2U, reader.read(Offsets{0, last - 512}, 512, read));
+    EXPECT_EQ(last == 16384 ? 16384U : 1024U, stream.bytes_read());
+  }
+}
+
 }  // namespace
 }  // namespace mxd::test

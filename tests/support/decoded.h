@@ -1,7 +1,8 @@
 // Records that are decoded, and golden texts of what came of it.
 #pragma once
 
-#include "core/object_list.h"
+#include <tuple>
+
 #include "support/golden.h"
 #include "support/object_builder.h"
 
@@ -23,7 +24,7 @@ void expect_decoded(const std::string& family, const std::string& section,
   std::string text;
   for (const Decode_case& c : cases) {
     Decoder decoder(c.bytes);
-    text += "-- " + c.what + "\n";
+    text.append("-- ").append(c.what).append("\n");
     const auto append = [&](Tmxd_obj& object) { text += decoded(object, decoder, c.limit); };
     // Later objects may refer to earlier ones.
     std::tuple<Class...> objects;
