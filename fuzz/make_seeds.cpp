@@ -55,6 +55,9 @@ int main(int count, char** arguments) {
   const Seeds outlines = outline_seeds();
   streams.insert(streams.end(), outlines.begin(), outlines.end());
   write_seeds(folder / "outline", streams);
+  const Seeds reports = report_seeds();
+  streams.insert(streams.end(), reports.begin(), reports.end());
+  write_seeds(folder / "report", streams);
   write_seeds(folder / "compound", compound_seeds());
   write_seeds(folder / "search", search_seeds());
   write_seeds(folder / "text", text_seeds());

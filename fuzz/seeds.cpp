@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "hostile_streams.h"
 #include "storage/compound_file.h"
 #include "support/class_table.h"
 #include "support/damaged_files.h"
@@ -86,6 +87,16 @@ Seeds outline_seeds() {
           {"list_without_system", stream(text("").null_object(), list)},
           {"list_to_search", stream(before_list(5), list)},
           {"list_elsewhere", stream(before_list(), Bytes().i32(3))}};
+}
+
+Seeds report_seeds() {
+  Seeds seeds;
+  for (const Hostile_stream& stream : report_streams()) {
+    std::string name = stream.name;
+    std::ranges::replace(name, ' ', '_');
+    seeds.emplace_back(name, stream.make(10).data());
+  }
+  return seeds;
 }
 
 Seeds compound_seeds() {

@@ -16,6 +16,8 @@ using Seeds = std::vector<std::pair<std::string, Byte_run>>;
 Seeds stream_seeds();
 // Streams with lists of layers, and what stands after the decoded fields.
 Seeds outline_seeds();
+// Streams that repeat texts and symbols by references.
+Seeds report_seeds();
 // Compound files, whole ones and one per damaged table.
 Seeds compound_seeds();
 // Compound files with a stream "Maps" that holds maps.

@@ -1,6 +1,7 @@
 // The bound on what is written about a document.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -20,18 +21,20 @@ inline std::size_t max_output_size(const Report& report) {
 // Text up to a maximum size.
 class Bounded_text {
  public:
-  explicit Bounded_text(std::size_t max_size) : max_size_(max_size) {}
+  // Kept free for append_end().
+  static constexpr std::size_t end_room = 4096;
+
+  explicit Bounded_text(std::size_t max_size)
+      : max_size_(max_size - std::min(max_size, end_room)) {}
 
   // Appends all of the text. False, now and in all later calls, if it does not fit.
   bool append(std::string_view text) {
-    if (is_full_ || text.size() > max_size_ - text_.size()) {
-      is_full_ = true;
-    } else {
-      text_.append(text);
-    }
+    if (text_.size() > max_size_ || text.size() > max_size_ - text_.size()) is_full_ = true;
+    if (!is_full_) text_.append(text);
     return !is_full_;
   }
-  // Text that must follow what was appended before, such as end tags. It may exceed the bound.
+  // Text that must follow what was appended before, such as end tags. It always fits, and comes to
+  // at most end_room after the last append().
   void append_end(std::string_view text) { text_.append(text); }
 
   // Something did not fit.

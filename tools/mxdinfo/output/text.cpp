@@ -89,10 +89,14 @@ class Loss_writer final : public Report_writer {
       if (lines.is_full()) break;
       lines.line(0, csv_ ? row(report, loss) : escape_controls(line_of(report, loss)));
     }
-    return lines.take();
+    return csv_ ? lines.take(cut_row(report)) : lines.take();
   }
 
  private:
+  static std::string cut_row(const Report& report) {
+    return csv_cell(shortened(report.name)) +
+           ",,output,\"it is too long, and the rest is left out\",,,";
+  }
   static std::string row(const Report& report, const Loss& loss) {
     std::string row = fmt::format("{},{},{},{},", csv_cell(report.name), csv_cell(path_of(loss)),
                                   loss.words.subject, csv_cell(loss.words.consequence));

@@ -32,8 +32,9 @@ class Text_lines {
   std::string swatch(const mxd::Tmxd_symbol* symbol) const;
 
   bool is_full() const { return out_.is_full(); }
-  Written_document take() {
-    if (out_.is_full()) out_.append_end("(The rest is left out: it is too long.)\n");
+  // The last line replaces all that did not fit.
+  Written_document take(const std::string& last_line = "(The rest is left out: it is too long.)") {
+    if (out_.is_full()) out_.append_end(last_line + "\n");
     return {out_.take(), !out_.is_full()};
   }
 
