@@ -1,5 +1,5 @@
 // Writes one of the documents for the tests of mxdinfo to standard output:
-//   make_documents sample | gallery | facts | lossy | deep | named HEX
+//   make_documents sample | gallery | facts | lossy | deep | long_paths | dashes | named HEX
 // HEX is the UTF-16LE text of every name in the document.
 #include <cstdio>
 #include <string>
@@ -274,6 +274,31 @@ Bytes deep() {
   return in_map(groups);
 }
 
+// Layers with impossible scales in groups with long names.
+Bytes long_paths() {
+  constexpr int depth = 40;
+  constexpr int count = 60;
+  Bytes layers;
+  for (int i = 1; i <= depth; ++i) {
+    layers.add(group_layer(i, std::string(1000, 'g').c_str(), i == depth ? count : 1));
+  }
+  for (int i = 0; i < count; ++i) {
+    layers.add(listed({100 + 10 * i, "a", "a", "a", Bytes().f64s({-1, 0})}));
+  }
+  return in_map(layers);
+}
+
+// A line with 4000 dashes.
+Bytes dashes() {
+  Bytes pattern = Bytes().f64(1).i32(4000);
+  for (int i = 0; i < 4000; ++i) pattern.f64s({1, 0});
+  return in_simple_renderer(
+      Bytes().object(Tmxd_cartographic_line_symbol::clsid, 1, 1,
+                     Packed{0, 0, 1.0, byte(0), 0.0, rgb_color(2, 50),
+                            Bytes().object(Tmxd_line_template::clsid, 3, 1, pattern),
+                            Bytes().null_object(), trailer(), byte(0), 0.0, 0.0}));
+}
+
 Wide_string from_hex(const std::string& hex) {
   Wide_string text;
   for (std::size_t at = 0; at + 4 <= hex.size(); at += 4) {
@@ -290,11 +315,13 @@ Byte_run document(const std::string& kind, const std::string& name) {
     file.stream("Version", Bytes().wide("10.6").data())
         .stream("Metadata", metadata(4, 43124.7, 11).data());
   }
-  const Bytes maps = kind == "gallery" ? Gallery().maps()
-                     : kind == "facts" ? facts()
-                     : kind == "lossy" ? lossy()
-                     : kind == "deep"  ? deep()
-                                       : named(from_hex(name));
+  const Bytes maps = kind == "gallery"      ? Gallery().maps()
+                     : kind == "facts"      ? facts()
+                     : kind == "lossy"      ? lossy()
+                     : kind == "deep"       ? deep()
+                     : kind == "long_paths" ? long_paths()
+                     : kind == "dashes"     ? dashes()
+                                            : named(from_hex(name));
   return file.stream("Maps", maps.data()).build();
 }
 
