@@ -4,6 +4,7 @@
 
 #include <climits>
 
+#include "storage/long_path_win32.h"
 #include "storage/platform.h"
 
 namespace mxd {
@@ -35,8 +36,8 @@ Open_result Native_file::open(const Wide_string& path, File_access access, File_
       access == File_access::read_write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
   const DWORD disposition =
       creation == File_creation::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
-  const HANDLE handle = CreateFileW(path.c_str(), rights, FILE_SHARE_READ, nullptr, disposition,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE handle = CreateFileW(openable_path(path).c_str(), rights, FILE_SHARE_READ, nullptr,
+                                    disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
     return GetLastError() == ERROR_SHARING_VIOLATION ? Open_result::sharing_violation
                                                      : Open_result::failed;
@@ -89,7 +90,7 @@ bool Native_file::set_size(std::uint64_t size) {
 
 std::FILE* open_text_output(const Wide_string& path) {
   std::FILE* file = nullptr;
-  return _wfopen_s(&file, path.c_str(), L"wt") == 0 ? file : nullptr;
+  return _wfopen_s(&file, openable_path(path).c_str(), L"wt") == 0 ? file : nullptr;
 }
 
 void sleep_one_millisecond() {

@@ -28,7 +28,7 @@ class Bounds(Case):
                 text, errors = self.run_mxdinfo("--strict", *arguments, path, code=3)
                 self.assertLess(BASE, len(text.encode()))
                 self.assertLessEqual(len(text.encode()), bound)
-                self.assertIn(f"mxdinfo: {path}: {CUT}\n", errors)
+                self.assertTrue(f"mxdinfo: {path}: {CUT}\n" in errors)
                 if "csv" in arguments:
                     rows = list(csv.reader(io.StringIO(text)))
                     self.assertEqual({len(rows[0])}, {len(row) for row in rows})
@@ -44,7 +44,7 @@ class Bounds(Case):
         path = self.write("big.mxd", documents.made("long_paths"))
         errors = self.run_mxdinfo(path)[1]
         self.assertLess(len(errors), BASE + 1000)
-        self.assertIn(": and more\n", errors)
+        self.assertTrue(errors.endswith(": and more\n"))
 
     def test_dash_patterns(self):
         path = self.write("dashes.mxd", documents.made("dashes"))

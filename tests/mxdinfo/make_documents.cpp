@@ -277,7 +277,7 @@ Bytes deep() {
 // Layers with impossible scales in groups with long names.
 Bytes long_paths() {
   constexpr int depth = 40;
-  constexpr int count = 60;
+  constexpr int count = 120;
   Bytes layers;
   for (int i = 1; i <= depth; ++i) {
     layers.add(group_layer(i, std::string(1000, 'g').c_str(), i == depth ? count : 1));

@@ -52,7 +52,7 @@ Output_file::Output_file(const std::string& path, Line_ends line_ends) {
     file_ = stdout;
     return;
   }
-  const std::wstring destination = extended_path(path);
+  const std::wstring destination = wide_path(path);
   const HANDLE existing = open_handle(destination, OPEN_EXISTING);
   if (existing != INVALID_HANDLE_VALUE) {
     if (GetFileType(existing) != FILE_TYPE_DISK) {
@@ -64,8 +64,10 @@ Output_file::Output_file(const std::string& path, Line_ends line_ends) {
     return;
   }
   destination_ = path;
-  unfinished_ = path + ".unfinished-" + std::to_string(GetCurrentProcessId());
-  kept_path() = extended_path(unfinished_);
+  // A longer name than the destination's might not be allowed.
+  const std::size_t folder_end = path.find_last_of("\\/:") + 1;
+  unfinished_ = path.substr(0, folder_end) + ".mxdinfo-" + std::to_string(GetCurrentProcessId());
+  kept_path() = wide_path(unfinished_);
   file_ = stream_of(open_handle(kept_path(), CREATE_NEW), line_ends);
   if (!file_) {
     unfinished_.clear();
@@ -76,7 +78,7 @@ Output_file::Output_file(const std::string& path, Line_ends line_ends) {
 }
 
 bool Output_file::replace_destination() const {
-  const bool replaced = MoveFileExW(kept_path().c_str(), extended_path(destination_).c_str(),
+  const bool replaced = MoveFileExW(kept_path().c_str(), wide_path(destination_).c_str(),
                                     MOVEFILE_REPLACE_EXISTING) != 0;
   if (replaced) unfinished_file = nullptr;
   return replaced;

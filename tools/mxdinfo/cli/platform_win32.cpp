@@ -31,7 +31,7 @@ bool is_same(HANDLE a, HANDLE b) {
 class Open_file {
  public:
   explicit Open_file(const std::string& path)
-      : handle_(CreateFileW(extended_path(path).c_str(), 0,
+      : handle_(CreateFileW(wide_path(path).c_str(), 0,
                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                             OPEN_EXISTING, 0, nullptr)) {}
   Open_file(const Open_file&) = delete;
@@ -65,7 +65,7 @@ std::FILE* binary_standard_input() {
 
 std::FILE* open_for_reading(const std::string& path) {
   std::FILE* file = nullptr;
-  return _wfopen_s(&file, extended_path(path).c_str(), L"rb") == 0 ? file : nullptr;
+  return _wfopen_s(&file, wide_path(path).c_str(), L"rb") == 0 ? file : nullptr;
 }
 
 bool seek_file(std::FILE* file, std::uint64_t position) {
@@ -74,7 +74,7 @@ bool seek_file(std::FILE* file, std::uint64_t position) {
 
 std::optional<File_status> file_status(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data = {};
-  const std::wstring full = extended_path(path);
+  const std::wstring full = wide_path(path);
   if (!GetFileAttributesExW(full.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
   if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return std::nullopt;
   const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
@@ -88,7 +88,7 @@ std::optional<File_status> file_status(const std::string& path) {
 std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
   std::vector<Folder_entry> entries;
   WIN32_FIND_DATAW found = {};
-  const HANDLE search = FindFirstFileW(extended_path(join_path(path, "*")).c_str(), &found);
+  const HANDLE search = FindFirstFileW(wide_path(join_path(path, "*")).c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return std::nullopt;
   do {
     std::string name = to_utf8(found.cFileName);
@@ -103,7 +103,7 @@ std::optional<std::vector<Folder_entry>> list_folder(const std::string& path) {
 }
 
 bool is_folder(const std::string& path) {
-  const DWORD attributes = GetFileAttributesW(extended_path(path).c_str());
+  const DWORD attributes = GetFileAttributesW(wide_path(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 

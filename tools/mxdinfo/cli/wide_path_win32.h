@@ -5,10 +5,7 @@
 
 namespace mxdinfo {
 
+// The path in UTF-16, in the form that Windows accepts if it is long.
 std::wstring wide_path(const std::string& path);
-
-// The absolute path with "\\?\" in front, so that it may be longer than 260 units. Names of devices
-// and paths that Windows does not resolve stay as they are.
-std::wstring extended_path(const std::string& path);
 
 }  // namespace mxdinfo
