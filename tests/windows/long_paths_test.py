@@ -41,14 +41,13 @@ class Long_paths(unittest.TestCase):
     def paths(self, *arguments):
         lines = self.run_mxdinfo("-q", "-f", "ndjson", *arguments).splitlines()
         documents = [json.loads(line) for line in lines]
-        self.assertEqual([3] * len(documents), [len(document["maps"]) for document in documents])
+        self.assertTrue(all(document["readable"] for document in documents))
         return [document["file"]["path"] for document in documents]
 
     def each(self):
         for length in LENGTHS:
-            with self.subTest(length):
-                path = self.deep(length)
-                yield path, windows(path)
+            path = self.deep(length)
+            yield path, windows(path)
 
     def test_documents_and_folders(self):
         for path, name in self.each():
