@@ -91,7 +91,7 @@ def _simple(symbol: Symbol, losses: Losses) -> list[QgsSymbolLayer]:
 
 
 def _glyph(symbol: Symbol) -> Optional[QgsSimpleMarkerSymbolLayer]:
-    plain = symbol["shape"]
+    plain = symbol.get("shape")
     if plain is None or plain["name"] not in _SHAPES:
         return None
     shape = _SHAPES[plain["name"]]

@@ -115,6 +115,10 @@ class Reading(Case):
         with mock.patch("arcmap_documents.reader.__file__", os.path.join(self.folder, "x.py")):
             self.assertEqual(path, reader.find_mxdinfo())
             self.assertEqual("/other/mxdinfo", reader.find_mxdinfo("/other/mxdinfo"))
+            windows = f"{path}.exe"
+            shutil.copy(path, windows)
+            with mock.patch("sys.platform", "win32"):
+                self.assertEqual(windows, reader.find_mxdinfo())
         with self.assertRaisesRegex(reader.ReadError, "JSON of version 99"):
             reader.read(path, "a.mxd")
 
