@@ -1,4 +1,4 @@
-"""Where a layer's data is on this machine."""
+"""Where a layer's data is on this machine. tools/mxdinfo/sources has the same rules."""
 
 from __future__ import annotations
 
@@ -86,9 +86,9 @@ def _existing_path(path: str) -> Optional[str]:
 
 
 def mapped(path: str, mappings: list[tuple[str, str]]) -> Optional[str]:
-    """The path with the first mapped folder replaced that it is in."""
+    """The path with the longest mapped folder replaced that it is in."""
     parts = parts_of(path)
-    for stored, here in mappings:
+    for stored, here in sorted(mappings, key=lambda each: -len(parts_of(each[0]))):
         prefix = [part.lower() for part in parts_of(stored)]
         if prefix and [part.lower() for part in parts[: len(prefix)]] == prefix:
             return os.path.join(here, *parts[len(prefix) :])
@@ -107,6 +107,14 @@ def _below_document(parts: list[str], folder: str, saved: Optional[str]) -> Iter
     for start in range(len(parts)):
         if not parts[start].endswith(":"):
             yield parts[start:]
+
+
+def _below_saved_folder(parts: list[str], saved: Optional[str], places: Places) -> Optional[str]:
+    """The path relative to the folder where the document was saved last."""
+    saved_folder = "\\".join(re.split(r"[\\/]", saved)[:-1]) if saved else ""
+    here = mapped(saved_folder, places.mappings) or saved_folder
+    base = _existing_path(here) if here else None
+    return existing(base, parts) if base else None
 
 
 def _by_name(folder: str, name: str) -> Optional[str]:
@@ -129,6 +137,8 @@ def find(path: str, relative: bool, document: Document, places: Places) -> Optio
         return found
     if relative and (found := existing(folder, parts)):
         return found
+    if relative and (found := _below_saved_folder(parts, document.last_saved_path, places)):
+        return found
     for below in _below_document(parts, folder, document.last_saved_path):
         if found := existing(folder, below):
             return found
@@ -147,6 +157,9 @@ def _file_path(source: Source) -> str:
     """The file or folder that holds the data, as stored."""
     if _holds_several(source):
         return source.workspace or ""
+    if source.kind == "coverage":
+        coverage = source.feature_dataset or source.dataset
+        return "/".join(each for each in (source.workspace, coverage) if each)
     return source.path or "/".join(each for each in (source.workspace, source.dataset) if each)
 
 

@@ -12,6 +12,9 @@ def made(*arguments):
                           check=True).stdout
 
 
-def document(name):
-    """A map with a group of one layer, all texts `name`."""
-    return made("named", name.encode("utf-16-le", "surrogatepass").hex())
+def document(name, *data, hidden=b""):
+    """A map with a group of one layer, all texts `name`. The data is workspace, dataset and feature
+    dataset; the hidden bytes follow the map."""
+    texts = [name, *(data or (name, name, ""))]
+    return made("named", *(text.encode("utf-16-le", "surrogatepass").hex() for text in texts),
+                hidden.hex())

@@ -15,12 +15,12 @@ class Inputs(Case):
     def share(self):
         """A folder with documents in several places; their names as -r finds them."""
         good = documents.document("good")
-        for name in ("b.mxd", "A.MXD", "sub/c.Mxd", "sub/deeper/d.mxd"):
+        for name in ("b.mxd", "A.MXD", "sub/c.Mxd", "sub/deeper/d.mxt"):
             self.write(name, good)
         self.write("sub/bad.mxd", b"x" * 5000)
         self.write("notes.txt", b"no document")
         os.symlink(self.folder, os.path.join(self.folder, "sub", "up"))
-        return ["./A.MXD", "./b.mxd", "./sub/bad.mxd", "./sub/c.Mxd", "./sub/deeper/d.mxd"]
+        return ["./A.MXD", "./b.mxd", "./sub/bad.mxd", "./sub/c.Mxd", "./sub/deeper/d.mxt"]
 
     def paths(self, *arguments, **how):
         lines = self.run_mxdinfo("-q", "-f", "ndjson", *arguments, **how)[0].splitlines()
@@ -31,7 +31,7 @@ class Inputs(Case):
         self.assertEqual(names[:2], self.paths("."))
         for jobs in ("0", "1", "3"):
             self.assertEqual(names, self.paths("-r", "-j", jobs, ".", code=1))
-        self.assertEqual(["b.mxd", "sub/c.Mxd", "sub/deeper/d.mxd", "A.MXD"],
+        self.assertEqual(["b.mxd", "sub/c.Mxd", "sub/deeper/d.mxt", "A.MXD"],
                          self.paths("-r", "b.mxd", "sub/c.Mxd", "sub/deeper", "A.MXD"))
 
     def test_lists(self):

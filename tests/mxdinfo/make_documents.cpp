@@ -1,8 +1,11 @@
 // Writes one of the documents for the tests of mxdinfo to standard output:
-//   make_documents sample | gallery | facts | lossy | deep | long_paths | dashes | named HEX
-// HEX is the UTF-16LE text of every name in the document.
+//   make_documents sample | gallery | facts | lossy | deep | long_paths | dashes
+//   make_documents named NAME WORKSPACE DATASET FEATURE_DATASET HIDDEN
+// These are UTF-16LE texts in hexadecimal digits: that of every other name in the document, those
+// of its layer's data, and bytes after the map.
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "support/compound_builder.h"
 #include "support/outline_records.h"
@@ -237,7 +240,24 @@ Bytes facts() {
 }
 
 // A map with a group of one layer, all of whose texts are the same.
-Bytes named(const Wide_string& name) {
+struct Data {
+  Wide_string workspace;
+  Wide_string dataset;
+  Wide_string feature_dataset;
+};
+
+Bytes data_name(const Bytes& type, const Data& data) {
+  Bytes holder;
+  if (!data.feature_dataset.empty()) {
+    holder.object(Tmxd_feature_dataset_name::clsid, 12, 1,
+                  Packed{Bytes().wide(data.feature_dataset), "", "", "", byte(0)});
+  }
+  return Bytes().object(Tmxd_feature_class_name::clsid, 6, 1,
+                        Packed{Bytes().wide(data.dataset), Bytes().zeros(6), type, type, 1,
+                               Bytes().zeros(6), holder});
+}
+
+Bytes named(const Wide_string& name, const Data& data) {
   const Bytes wide = Bytes().wide(name);
   const Bytes color = rgb_color(1, 50);
   const Bytes marker = Bytes().object(Tmxd_char_marker_symbol::clsid, 2, 3,
@@ -248,15 +268,13 @@ Bytes named(const Wide_string& name) {
       Bytes().object(Tmxd_legend_class::clsid, 3, 2, Packed{again, wide, Bytes().zeros(26)});
   const Bytes legend = Bytes().object(Tmxd_legend_group::clsid, 4, 1, Packed{0, wide, 1, item});
   const Bytes renderer = Bytes().object(Tmxd_simple_renderer::clsid, 5, 1, Packed{marker, legend});
-  const Bytes data =
-      Bytes().object(Tmxd_feature_class_name::clsid, 6, 1,
-                     Packed{wide, Bytes().zeros(6), wide, wide, 1, Bytes().zeros(6)});
-  const Bytes folder = Bytes().object(Tmxd_workspace_name::clsid, 7, 1, wide);
+  const Bytes folder =
+      Bytes().object(Tmxd_workspace_name::clsid, 7, 1, Bytes().wide(data.workspace));
   const std::string wkt = "GEOGCS[\"" + to_narrow(name) + "\",UNIT[\"Degree\",0.0174532925199433]]";
   const Bytes layer = Bytes().object(
       Tmxd_feature_layer::clsid, 8, 1,
-      Packed{wide, wide, word(0xFFFF), Bytes().zeros(4), data, folder, renderer, Bytes().zeros(156),
-             "", 50000.0, 0.0, geographic(9, wkt.substr(0, 9998))});
+      Packed{wide, wide, word(0xFFFF), Bytes().zeros(4), data_name(wide, data), folder, renderer,
+             Bytes().zeros(156), "", 50000.0, 0.0, geographic(9, wkt.substr(0, 9998))});
   const Bytes group = Bytes().object(Tmxd_group_layer::clsid, 10, 1,
                                      Packed{wide, word(1), Bytes().zeros(20), 1, Bytes().zeros(8)});
   return Bytes().i32(1).object(Tmxd_map::clsid, 11, 1, Packed{wide, group, layer});
@@ -308,7 +326,20 @@ Wide_string from_hex(const std::string& hex) {
   return text;
 }
 
-Byte_run document(const std::string& kind, const std::string& name) {
+Bytes named(const std::vector<std::string>& texts) {
+  const auto text = [&](std::size_t at) {
+    return at < texts.size() ? from_hex(texts[at]) : Wide_string();
+  };
+  Bytes bytes = named(text(1), {text(2), text(3), text(4)});
+  const std::string hidden = texts.size() > 5 ? texts[5] : "";
+  for (std::size_t at = 0; at + 2 <= hidden.size(); at += 2) {
+    bytes.u8(static_cast<std::uint8_t>(std::stoi(hidden.substr(at, 2), nullptr, 16)));
+  }
+  return bytes;
+}
+
+Byte_run document(const std::vector<std::string>& texts) {
+  const std::string kind = texts.empty() ? "" : texts.front();
   if (kind == "sample") return sample_document();
   Compound_file file;
   if (kind == "facts") {
@@ -321,7 +352,7 @@ Byte_run document(const std::string& kind, const std::string& name) {
                      : kind == "deep"       ? deep()
                      : kind == "long_paths" ? long_paths()
                      : kind == "dashes"     ? dashes()
-                                            : named(from_hex(name));
+                                            : named(texts);
   return file.stream("Maps", maps.data()).build();
 }
 
@@ -329,6 +360,6 @@ Byte_run document(const std::string& kind, const std::string& name) {
 }  // namespace mxd::test
 
 int main(int argc, char** argv) {
-  const auto bytes = mxd::test::document(argc > 1 ? argv[1] : "", argc > 2 ? argv[2] : "");
+  const auto bytes = mxd::test::document({argv + 1, argv + argc});
   return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? 0 : 1;
 }

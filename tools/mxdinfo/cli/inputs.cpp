@@ -13,13 +13,12 @@
 namespace mxdinfo {
 namespace {
 
+// Documents and templates of documents.
 bool is_document(std::string_view name) {
-  constexpr std::string_view ending = ".mxd";
-  if (name.size() <= ending.size()) return false;
-  return std::equal(ending.begin(), ending.end(), name.end() - ending.size(),
-                    [](char wanted, char c) {
-                      return c == wanted || (c >= 'A' && c <= 'Z' && c + 0x20 == wanted);
-                    });
+  constexpr std::size_t ending_length = 4;
+  if (name.size() <= ending_length) return false;
+  const std::string ending = fold_case(name.substr(name.size() - ending_length));
+  return ending == ".mxd" || ending == ".mxt";
 }
 
 // Entries are sorted by name, so that every run gives the same output. Links to folders are not

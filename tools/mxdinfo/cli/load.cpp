@@ -112,7 +112,7 @@ void load(const std::string& path, Report& report) {
     if (status) report.modified = status->modified;
     load_stream(file, wide_path, report);
   } else {
-    report.failure = "cannot be opened";
+    report.failure = open_failure(path);
   }
 }
 

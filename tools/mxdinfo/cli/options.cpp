@@ -3,9 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <map>
 #include <sstream>
+#include <utility>
 
+#include "mxdinfo/cli/check_options.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
 #include "mxdinfo/facts/display_text.h"
@@ -20,18 +21,35 @@ constexpr const char* examples = R"(Examples:
   mxdinfo -r -j 4 --format csv -o layers.csv Projects  a table of all layers
 
 Exit code: 0 all documents were read, 1 some cannot be read, 2 wrong usage,
-3 something could not be read (with --strict).)";
+3 something could not be read (with --strict), 4 data was not found (with --broken).)";
 
-std::map<std::string, Format> formats() {
-  return {{"text", Format::text}, {"json", Format::json}, {"ndjson", Format::ndjson},
-          {"csv", Format::csv},   {"xml", Format::xml},   {"dump", Format::dump},
-          {"html", Format::html}};
-}
+template <class Value>
+using Choices = std::vector<std::pair<std::string, Value>>;
 
-std::map<std::string, Color_mode> color_modes() {
-  return {{"auto", Color_mode::automatic},
-          {"always", Color_mode::always},
-          {"never", Color_mode::never}};
+const Choices<Format> formats{{"text", Format::text},     {"json", Format::json},
+                              {"ndjson", Format::ndjson}, {"csv", Format::csv},
+                              {"html", Format::html},     {"xml", Format::xml},
+                              {"dump", Format::dump}};
+
+const Choices<Color_mode> color_modes{
+    {"auto", Color_mode::automatic}, {"always", Color_mode::always}, {"never", Color_mode::never}};
+
+// Replaces the word by the number of its value.
+template <class Value>
+CLI::Validator one_of(const Choices<Value>& choices) {
+  return CLI::Validator(
+      [&choices](std::string& text) {
+        std::string words;
+        for (const auto& [word, value] : choices) {
+          if (text == word) {
+            text = std::to_string(static_cast<int>(value));
+            return std::string();
+          }
+          words += (words.empty() ? "" : ", ") + word;
+        }
+        return "\"" + text + "\" is none of " + words;
+      },
+      "");
 }
 
 // Command-line values that Options keeps in another form.
@@ -40,7 +58,9 @@ struct Raw_options {
   bool dump = false;
   std::string xml_file;
   std::string inventory;
-  bool layers = false, sources = false, coordinate_systems = false, symbols = false, losses = false;
+  bool no_bom = false, no_formula_guard = false;
+  bool layers = false, sources = false, coordinate_systems = false, symbols = false, fonts = false;
+  bool losses = false, broken = false;
 };
 
 std::string not_empty(const std::string& text) {
@@ -89,12 +109,13 @@ void add_inputs(CLI::App& app, Options& options) {
 
 void add_outputs(CLI::App& app, Raw_options& raw) {
   Options& options = raw.options;
-  auto* format =
-      app.add_option("-f,--format", options.format,
-                     "text (default), json, ndjson, csv, html; of one document xml, dump")
-          ->type_name("FORMAT")
-          ->transform(CLI::CheckedTransformer(formats()).description(""));
-  app.add_option("-o,--output", options.output, "write to FILE, not to standard output")
+  auto* format = app.add_option("-f,--format", options.format,
+                                "text (default), json, ndjson, csv, html, xml, dump")
+                     ->type_name("FORMAT")
+                     ->transform(one_of(formats));
+  app.add_option("-o,--output", options.output,
+                 "write to FILE, not to standard output; xml and dump of several documents to a "
+                 "folder")
       ->type_name("FILE")
       ->check(not_empty);
   auto* dump = app.add_flag("--dump", raw.dump, "the same as --format dump")->excludes(format);
@@ -103,6 +124,38 @@ void add_outputs(CLI::App& app, Raw_options& raw) {
       ->check(not_empty)
       ->excludes(dump)
       ->excludes(format);
+  app.add_flag("--no-bom", raw.no_bom, "csv without a byte order mark");
+  app.add_flag("--no-formula-guard", raw.no_formula_guard,
+               "csv without apostrophes in front of formulas");
+}
+
+// Splits at the first equals sign; the guard is that of names in brackets.
+std::string add_mapping(std::vector<Path_mapping>& mappings, const std::string& text) {
+  const std::size_t begin = text.starts_with(bracket_guard) ? 1 : 0;
+  const std::size_t end = text.find('=');
+  if (end == text.npos || end == begin || end + 1 == text.size()) {
+    return "\"" + text.substr(begin) + "\" is not like C:\\data=/mnt/data";
+  }
+  mappings.push_back({text.substr(begin, end - begin), text.substr(end + 1)});
+  return {};
+}
+
+void add_source_options(CLI::App& app, Options& options) {
+  auto* group = app.add_option_group("Data", "whether the data of the layers is there");
+  group->add_flag("--check-sources", options.check_sources,
+                  "look for the data of each layer (text, csv, json, html)");
+  group
+      ->add_option_function<std::vector<std::string>>(
+          "--map",
+          [&options](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) {
+              const std::string error = add_mapping(options.mappings, text);
+              if (!error.empty()) throw CLI::ValidationError("--map", error);
+            }
+          },
+          "where a folder of the documents is here: C:\\data=/mnt/data")
+      ->type_name("STORED=HERE")
+      ->allow_extra_args(false);
 }
 
 void add_inventory_options(CLI::App& app, Raw_options& raw) {
@@ -128,13 +181,18 @@ void add_views(CLI::App& app, Raw_options& raw) {
   views->add_flag("--sources", raw.sources, "the data sources and who uses them");
   views->add_flag("--crs", raw.coordinate_systems, "the coordinate systems and who uses them");
   views->add_flag("--symbols", raw.symbols, "the legends, each symbol with its layers");
+  views->add_flag("--fonts", raw.fonts, "the fonts of markers and labels and who uses them");
   views->add_flag("--losses", raw.losses, "what could not be read (text, csv, json, ndjson)");
   views
       ->add_option("--find-source", raw.options.find_source,
-                   "the layers whose data source contains TEXT, capitals or not (text, csv)")
+                   "the layers whose data source contains TEXT, capitals or not")
       ->type_name("TEXT")
       ->check(not_empty);
+  views->add_flag("--broken", raw.broken, "the layers whose data is not found; exits with 4");
   views->require_option(0, 1);
+  app.add_flag("--totals", raw.options.totals,
+               "a view's things counted over all documents (text, csv, json)");
+  app.add_flag("--deep", raw.options.deep, "--find-source also in what is not decoded");
 }
 
 void add_general_options(CLI::App& app, Options& options) {
@@ -143,7 +201,7 @@ void add_general_options(CLI::App& app, Options& options) {
       ->excludes(quiet);
   app.add_option("--color", options.color_mode, "auto (default), always, never")
       ->type_name("WHEN")
-      ->transform(CLI::CheckedTransformer(color_modes()).description(""));
+      ->transform(one_of(color_modes));
   app.add_flag("--strict", options.strict, "exit with 3 if something could not be read");
   app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
 }
@@ -164,49 +222,18 @@ Options resolved(const Raw_options& raw) {
                  : raw.sources            ? View::sources
                  : raw.coordinate_systems ? View::coordinate_systems
                  : raw.symbols            ? View::symbols
+                 : raw.fonts              ? View::fonts
                  : raw.losses             ? View::losses
+                 : raw.broken             ? View::broken
                                           : View::tree;
+  if (raw.broken) options.check_sources = true;
+  options.byte_order_mark = !raw.no_bom;
+  options.formula_guard = !raw.no_formula_guard;
   remove_guards(options);
   options.color =
       options.color_mode == Color_mode::always ||
       (options.color_mode == Color_mode::automatic && options.output.empty() && color_is_welcome());
   return options;
-}
-
-[[noreturn]] void wrong(const char* name, const char* message) {
-  throw CLI::ValidationError(name, message);
-}
-
-void check_diff(const Options& options, bool plain) {
-  if (options.inputs.size() != 2 || !options.files_from.empty()) {
-    wrong("--diff", "takes two files: the old one and the new one");
-  }
-  const bool shown = options.format == Format::text || options.format == Format::json;
-  if (!shown || !plain) wrong("--diff", "goes with text and json, without views and searches");
-}
-
-void check(const Options& options) {
-  if (options.inputs.empty() && options.files_from.empty()) throw CLI::RequiredError("FILE");
-  const auto uses_of_input =
-      std::count(options.inputs.begin(), options.inputs.end(), "-") + (options.files_from == "-");
-  if (uses_of_input > 1) wrong("-", "standard input can be read only once");
-  const bool single_document_format =
-      options.format == Format::xml || options.format == Format::dump;
-  if (single_document_format && (options.inputs.size() != 1 || !options.files_from.empty())) {
-    wrong("FILE", "xml and dump take one file");
-  }
-  const bool text = options.format == Format::text;
-  const bool table = text || options.format == Format::csv;
-  if (options.view == View::losses && (single_document_format || options.format == Format::html)) {
-    wrong("--losses", "goes with text, csv, json and ndjson");
-  }
-  if (options.view != View::tree && options.view != View::losses && !text) {
-    wrong("--format", "views are of the text");
-  }
-  const bool plain = options.view == View::tree && options.find_source.empty();
-  if (options.update && !plain) wrong("--update", "does not go with views and searches");
-  if (options.diff) check_diff(options, plain);
-  if (!options.find_source.empty() && !table) wrong("--find-source", "goes with text and csv");
 }
 
 // The message quotes arguments, which may hold control characters.
@@ -237,13 +264,16 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
   app.allow_windows_style_options(false);
   add_inputs(app, raw.options);
   add_outputs(app, raw);
+  add_source_options(app, raw.options);
   add_inventory_options(app, raw);
   add_views(app, raw);
   add_general_options(app, raw.options);
   try {
     app.parse(guarded_arguments(argc, argv));
     Options options = resolved(raw);
-    check(options);
+    if (options.inputs.empty() && options.files_from.empty()) throw CLI::RequiredError("FILE");
+    const std::string error = usage_error(options);
+    if (!error.empty()) throw CLI::ValidationError(error);
     return options;
   } catch (const CLI::ParseError& error) {
     return explain(app, error);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mxdinfo {
@@ -40,6 +41,24 @@ struct Folder_entry {
 std::optional<std::vector<Folder_entry>> list_folder(const std::string& path);
 bool is_folder(const std::string& path);
 std::string join_path(const std::string& folder, const std::string& name);
+// The path without its last component.
+std::string parent_folder(const std::string& path);
+// In the current folder, if the path is relative.
+std::string absolute_path(const std::string& path);
+bool exists(const std::string& path);
+// True also if another program made it meanwhile.
+bool make_folder(const std::string& path);
+// Why a file cannot be opened, as a string literal: "cannot be opened: there is no such file".
+std::string_view open_failure(const std::string& path);
+
+// Where an absolute path of this system begins: a drive, a shared folder, or "/".
+struct Path_root {
+  std::string folder;
+  // How many components of the path are part of it.
+  std::size_t parts = 0;
+};
+// Empty for relative paths and those of other systems.
+std::optional<Path_root> path_root(const std::string& path);
 
 // Whether both paths name one existing file.
 bool is_same_file(const std::string& a, const std::string& b);

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
@@ -71,6 +72,62 @@ bool is_folder(const std::string& path) {
 
 std::string join_path(const std::string& folder, const std::string& name) {
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+std::string parent_folder(const std::string& path) {
+  return std::filesystem::path(path).parent_path().string();
+}
+
+std::string absolute_path(const std::string& path) {
+  std::error_code error;
+  const auto absolute = std::filesystem::absolute(path, error);
+  return error ? path : absolute.lexically_normal().string();
+}
+
+bool exists(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0;
+}
+
+bool make_folder(const std::string& path) {
+  return mkdir(path.c_str(), 0777) == 0 || is_folder(path);
+}
+
+std::string_view open_failure(const std::string& path) {
+  if (is_folder(path)) return "cannot be opened: it is a folder";
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file) {
+    static_cast<void>(std::fclose(file));
+    return "cannot be opened: it is no regular file, or another program uses it";
+  }
+  switch (errno) {
+    case ENOENT:
+      return "cannot be opened: there is no such file";
+    case ENOTDIR:
+      return "cannot be opened: a part of its path is no folder";
+    case EACCES:
+      return "cannot be opened: permission denied";
+    case ELOOP:
+      return "cannot be opened: too many links";
+    case ENAMETOOLONG:
+      return "cannot be opened: the name is too long";
+    case EMFILE:
+    case ENFILE:
+      return "cannot be opened: too many open files";
+    case EIO:
+      return "cannot be opened: input or output error";
+    case ESTALE:
+    case ETIMEDOUT:
+    case EHOSTDOWN:
+      return "cannot be opened: the network share does not respond";
+    default:
+      return "cannot be opened";
+  }
+}
+
+std::optional<Path_root> path_root(const std::string& path) {
+  if (!path.starts_with('/') || path.starts_with("//")) return std::nullopt;
+  return Path_root{"/", 0};
 }
 
 bool is_same_file(const std::string& a, const std::string& b) {

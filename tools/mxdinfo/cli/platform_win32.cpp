@@ -112,6 +112,69 @@ std::string join_path(const std::string& folder, const std::string& name) {
   return has_end ? folder + name : folder + "\\" + name;
 }
 
+std::string parent_folder(const std::string& path) {
+  const std::size_t end = path.find_last_of("\\/");
+  if (end == path.npos) return path;
+  const bool of_drive = end == 2 && path[1] == ':';
+  return path.substr(0, of_drive ? end + 1 : end);
+}
+
+std::string absolute_path(const std::string& path) {
+  const std::wstring given = wide_path(path);
+  std::wstring full(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
+  if (full.empty()) return path;
+  full.resize(
+      GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return to_utf8(full.c_str());
+}
+
+bool exists(const std::string& path) {
+  return GetFileAttributesW(wide_path(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool make_folder(const std::string& path) {
+  return CreateDirectoryW(wide_path(path).c_str(), nullptr) != 0 || is_folder(path);
+}
+
+std::string_view open_failure(const std::string& path) {
+  if (is_folder(path)) return "cannot be opened: it is a folder";
+  const HANDLE file = CreateFileW(wide_path(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file != INVALID_HANDLE_VALUE) {
+    CloseHandle(file);
+    return "cannot be opened";
+  }
+  switch (GetLastError()) {
+    case ERROR_FILE_NOT_FOUND:
+      return "cannot be opened: there is no such file";
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_DIRECTORY:
+      return "cannot be opened: there is no such folder";
+    case ERROR_ACCESS_DENIED:
+      return "cannot be opened: permission denied";
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+      return "cannot be opened: another program uses it";
+    case ERROR_INVALID_NAME:
+      return "cannot be opened: this is no name of a file";
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_NETNAME_DELETED:
+      return "cannot be opened: the network share does not respond";
+    default:
+      return "cannot be opened";
+  }
+}
+
+std::optional<Path_root> path_root(const std::string& path) {
+  if (path.size() > 1 && path[1] == ':') return Path_root{path.substr(0, 2) + "\\", 1};
+  if (!path.starts_with("\\\\")) return std::nullopt;
+  const std::size_t server_end = path.find_first_of("\\/", 2);
+  if (server_end == path.npos) return std::nullopt;
+  const std::size_t share_end = path.find_first_of("\\/", server_end + 1);
+  return Path_root{path.substr(0, share_end), 2};
+}
+
 bool is_same_file(const std::string& a, const std::string& b) {
   return is_same(Open_file(a).handle(), Open_file(b).handle());
 }

@@ -5,12 +5,15 @@
 #include <cstdlib>
 #include <exception>
 #include <new>
+#include <optional>
+#include <set>
 
 #include "mxdinfo/cli/batch.h"
 #include "mxdinfo/cli/inputs.h"
 #include "mxdinfo/cli/load.h"
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/cli/output.h"
+#include "mxdinfo/cli/output_names.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
 #include "mxdinfo/facts/display_text.h"
@@ -20,6 +23,7 @@
 #include "mxdinfo/inventory/run_diff.h"
 #include "mxdinfo/output/bounded_text.h"
 #include "mxdinfo/output/report_writer.h"
+#include "mxdinfo/sources/check_sources.h"
 
 namespace mxdinfo {
 namespace {
@@ -42,26 +46,37 @@ class Run {
       : options_(options),
         inputs_(inputs),
         kept_(kept),
+        places_(options.mappings),
         progress_(inputs.paths.size(), !options.quiet && inputs.paths.size() > 1 &&
                                            is_terminal(stderr) && !to_terminal) {
     if (kept) totals_.gone = kept->gone();
   }
 
-  // Writes XML directly to the file, as the library itself does.
-  Exit_code save_xml() {
-    Report report;
-    load(inputs_.paths.front(), report);
-    record({summary_of(report), {}, loss_messages(report)});
-    if (!report.failure.empty()) return Exit_code::some_unreadable;
-    Output output(options_.output, Line_ends::system);
-    if (!output.file()) return Exit_code::some_unreadable;
-    report.content.write_xml(output.file());
-    return output.commit() ? exit_code() : Exit_code::some_unreadable;
+  // XML and dump are written by the library itself, one document per file.
+  Exit_code save_document() {
+    const bool saved = save(inputs_.paths.front(), options_.output);
+    return saved ? exit_code() : Exit_code::some_unreadable;
+  }
+
+  Exit_code save_each() {
+    const char* ending = options_.format == Format::xml ? ".xml" : ".txt";
+    const auto names = output_names(inputs_.paths, options_.output, ending);
+    const std::set<std::string> inputs = absolute_inputs();
+    bool complete = true;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (inputs.contains(absolute_path(names[i]))) {
+        progress_.print_line(error_message(names[i], "is an input, and not overwritten"));
+        complete = false;
+      } else {
+        complete &= make_folders_for(names[i]) && save(inputs_.paths[i], names[i]);
+      }
+    }
+    if (!options_.quiet) progress_.end(totals_);
+    return complete ? exit_code() : Exit_code::some_unreadable;
   }
 
   Exit_code write_all() {
-    const auto line_ends = options_.format == Format::dump ? Line_ends::system : Line_ends::kept;
-    Output output(options_.output, line_ends);
+    Output output(options_.output, Line_ends::kept);
     if (!output.file()) return Exit_code::some_unreadable;
     const auto writer = make_writer(options_);
     output.write(writer->begin());
@@ -79,10 +94,54 @@ class Run {
     if (!output.commit()) return Exit_code::some_unreadable;
     const bool batch = !inputs_.single || inputs_.paths.size() > 1;
     if (!options_.quiet && (batch || options_.verbose)) progress_.end(totals_);
+    if (!options_.quiet && !options_.find_source.empty()) report_search();
     return exit_code();
   }
 
  private:
+  std::set<std::string> absolute_inputs() const {
+    std::set<std::string> paths;
+    for (const std::string& path : inputs_.paths) paths.insert(absolute_path(path));
+    return paths;
+  }
+
+  // False if the document cannot be read or the file not be written.
+  bool save(const std::string& input, const std::string& file) {
+    Report report;
+    load(input, report);
+    record({summary_of(report), {}, loss_messages(report)});
+    if (!report.failure.empty()) return false;
+    Output output(file, Line_ends::system);
+    if (!output.file()) return false;
+    constexpr int dump_step = 2;
+    if (options_.format == Format::xml) {
+      report.content.write_xml(output.file());
+    } else {
+      output.write(report.content.dump(0, dump_step));
+    }
+    return output.commit();
+  }
+
+  // A search without a match says where it could not look.
+  void report_search() {
+    if (totals_.matches != 0) return;
+    std::string line = "mxdinfo: no data source contains \"" +
+                       escape_controls(utf8_of_path(options_.find_source)) + "\"";
+    std::string unsearched;
+    if (totals_.unreadable != 0) {
+      unsearched = plural(totals_.unreadable, "document that cannot be read",
+                          "documents that cannot be read");
+    }
+    const std::size_t undecoded = totals_.layers - totals_.decoded_layers;
+    if (undecoded != 0 && !options_.deep) {
+      unsearched += (unsearched.empty() ? "" : ", ") +
+                    plural(undecoded, "layer that is not decoded", "layers that are not decoded") +
+                    " (--deep searches them)";
+    }
+    if (!unsearched.empty()) line += "; not searched: " + unsearched;
+    progress_.print_line(line);
+  }
+
   // Runs on the threads of a batch.
   Rendered_document rendered(std::size_t index, const Report_writer& writer) const noexcept {
     Report report;
@@ -92,9 +151,11 @@ class Run {
         if (auto line = kept_->line_of(inputs_.paths[index])) return std::move(*line);
       }
       load(inputs_.paths[index], report);
-      auto [text, is_complete] = writer.document(report);
-      Rendered_document result{summary_of(report), std::move(text), loss_messages(report)};
-      if (!is_complete) {
+      if (options_.check_sources) report.source_states = mxdinfo::check_sources(report, places_);
+      Written_document written = writer.document(report);
+      Rendered_document result{summary_of(report), std::move(written.text), loss_messages(report)};
+      result.summary.matches = written.matches;
+      if (!written.is_complete) {
         ++result.summary.losses;
         result.messages += error_message(report.name, "the output is too long and was cut") + "\n";
       }
@@ -138,6 +199,7 @@ class Run {
   }
 
   Exit_code exit_code() const {
+    if (options_.view == View::broken && totals_.matches != 0) return Exit_code::some_broken;
     if (totals_.unreadable != 0 || !inputs_.failures.empty()) return Exit_code::some_unreadable;
     const bool lossy = totals_.losses + totals_.unchanged_with_losses != 0;
     return options_.strict && lossy ? Exit_code::some_errors : Exit_code::all_read;
@@ -146,6 +208,7 @@ class Run {
   const Options& options_;
   const Inputs& inputs_;
   const Kept_lines* kept_;
+  Source_places places_;
   Progress progress_;
   Totals totals_;
 };
@@ -171,8 +234,9 @@ Exit_code run_options(Options& options) {
   }
   const bool single_document_format =
       options.format == Format::xml || options.format == Format::dump;
-  if (single_document_format && !inputs.single) {
-    print_stderr("mxdinfo: xml and dump take one file\n");
+  const bool into_folder = single_document_format && (!inputs.single || is_folder(options.output));
+  if (into_folder && options.output.empty()) {
+    print_stderr("mxdinfo: xml and dump of several documents need -o FOLDER\n");
     return Exit_code::wrong_usage;
   }
   if (!options.output.empty() && is_input(options.output, options, inputs)) {
@@ -185,7 +249,8 @@ Exit_code run_options(Options& options) {
   std::optional<Kept_lines> kept;
   if (options.update && !keep_lines(options, inputs, kept)) return Exit_code::wrong_usage;
   Run run(options, inputs, kept ? &*kept : nullptr, options.output.empty() && is_terminal(stdout));
-  return options.format == Format::xml ? run.save_xml() : run.write_all();
+  if (into_folder) return run.save_each();
+  return single_document_format ? run.save_document() : run.write_all();
 }
 
 // Scarce memory can end the run in a destructor: those of JSON values allocate.

@@ -23,6 +23,7 @@ void Totals::add(const Summary& summary) {
   if (!summary.failure.empty()) ++unreadable;
   maps += summary.maps;
   layers += summary.layers;
+  matches += summary.matches;
   decoded_layers += summary.decoded_layers;
   (summary.is_unchanged ? unchanged_with_losses : losses) += summary.losses;
   if (summary.is_unchanged) ++unchanged;

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "mxdinfo/facts/source_state.h"
 #include "outline/outline.h"
 
 namespace mxdinfo {
@@ -36,6 +37,14 @@ struct Report {
   mxd::Tmxd_stream_m maps;
   mxd::Tmxd_mxd content;
   mxd::Outline outline;
+  // Of the layers that have data, if that is checked.
+  Source_states source_states;
+
+  // Null if it is not known.
+  const Source_state* source_state(const mxd::Tmxd_layer* layer) const {
+    const auto found = source_states.find(layer);
+    return found == source_states.end() ? nullptr : &found->second;
+  }
 };
 
 // What is kept of a report after it is written.
@@ -49,6 +58,8 @@ struct Summary {
   std::size_t losses = 0;
   // Its line of the inventory was kept, and its maps and layers not counted.
   bool is_unchanged = false;
+  // The layers and places that a search found.
+  std::size_t matches = 0;
 };
 Summary summary_of(const Report& report);
 
@@ -64,6 +75,7 @@ struct Totals {
   std::size_t layers = 0;
   std::size_t decoded_layers = 0;
   std::size_t losses = 0;
+  std::size_t matches = 0;
 
   void add(const Summary& summary);
 };

@@ -9,6 +9,7 @@
 #include "mxdinfo/facts/layers.h"
 #include "mxdinfo/output/bounded_text.h"
 #include "mxdinfo/output/csv_cell.h"
+#include "mxdinfo/output/layer_filter.h"
 #include "mxdinfo/output/report_writer.h"
 #include "outline/epsg_code.h"
 
@@ -21,7 +22,7 @@ constexpr std::string_view header =
     "document,map,group,layer,kind,visible,min_scale,max_scale,dataset,feature_dataset,"
     "dataset_type,workspace,geometry,coordinate_system,map_coordinate_system,renderer,fields,"
     "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes,"
-    "differs_from_map\n";
+    "differs_from_map";
 
 std::string scale(double denominator) {
   const bool shown = denominator != 0 && is_possible_scale(denominator);
@@ -39,7 +40,7 @@ std::string epsg(const Tmxd_coordinate_system* system) {
 }
 
 std::string name_cell(const Tmxd_coordinate_system* system) {
-  return system ? csv_cell(coordinate_system_name(*system)) : std::string();
+  return system ? coordinate_system_name(*system) : std::string();
 }
 
 // The cells from "visible" to "legend_classes", which only decoded layers have.
@@ -49,65 +50,79 @@ std::vector<std::string> decoded_cells(const Tmxd_layer& layer, const Map_outlin
   return {true_or_false(visible(layer)),
           scale(layer.min_scale),
           scale(layer.max_scale),
-          csv_cell(source.dataset),
-          csv_cell(source.feature_dataset),
-          csv_cell(source.type),
-          csv_cell(source.workspace),
+          source.dataset,
+          source.feature_dataset,
+          source.type,
+          source.workspace,
           geometry_of(layer),
           name_cell(coordinate_system_of(layer)),
           name_cell(map.map->coordinate_system.get()),
           renderer ? renderer_kind(*renderer) : "",
-          renderer ? csv_cell(fmt::format("{}", fmt::join(renderer_fields(*renderer), ", "))) : "",
+          renderer ? fmt::format("{}", fmt::join(renderer_fields(*renderer), ", ")) : "",
           fmt::format("{}", legend_class_count(layer)),
           epsg(coordinate_system_of(layer))};
 }
 
-std::string row(const Report& report, const Listed_layer& listed) {
+std::vector<std::string> cells_of(const Report& report, const Listed_layer& listed) {
   constexpr std::size_t decoded_cell_count = 14;
   const Layer_record& record = listed.record();
   const Feature_facts& facts = record.facts;
   const Tmxd_layer* layer = listed.layer();
-  std::vector<std::string> cells = {
-      csv_cell(report.name), csv_cell(shortened(name_of(*listed.map))),
-      csv_cell(group_path(listed)), csv_cell(name_of(record)), kind_word(record.kind())};
+  std::vector<std::string> cells = {report.name, shortened(name_of(*listed.map)),
+                                    group_path(listed), name_of(record), kind_word(record.kind())};
   const auto decoded =
       layer ? decoded_cells(*layer, *listed.map) : std::vector<std::string>(decoded_cell_count);
   cells.insert(cells.end(), decoded.begin(), decoded.end());
   cells.push_back(epsg(listed.map->map->coordinate_system.get()));
-  cells.push_back(csv_cell(utf8(facts.definition_query.value_or(Wide_string()))));
-  cells.push_back(csv_cell(labels_text(record)));
-  cells.push_back(layer ? csv_cell(display_field_of(*layer)) : "");
-  cells.push_back(csv_cell(utf8(facts.normalization_field.value_or(Wide_string()))));
+  cells.push_back(utf8(facts.definition_query.value_or(Wide_string())));
+  cells.push_back(labels_text(record));
+  cells.push_back(layer ? display_field_of(*layer) : "");
+  cells.push_back(utf8(facts.normalization_field.value_or(Wide_string())));
   cells.emplace_back(layer ? "true" : "false");
   cells.push_back(record.length == 0 ? "" : fmt::format("{}", record.length));
   cells.push_back(true_or_false(differs_from_map(listed)));
-  return fmt::format("{}\n", fmt::join(cells, ","));
+  return cells;
 }
 
 class Csv_writer final : public Report_writer {
  public:
   explicit Csv_writer(const Options& options)
-      : wanted_(fold_case(utf8_of_path(options.find_source))) {}
+      : format_(options), filter_(options), states_(options.check_sources) {}
 
-  std::string begin() const override { return std::string(header); }
+  std::string begin() const override {
+    return fmt::format("{}{}{}\n", format_.begin(), header,
+                       states_ ? ",data_state,data_path,missing_parts" : "");
+  }
 
   Written_document document(const Report& report) const override {
     Bounded_text rows(max_output_size(report));
+    std::size_t matches = 0;
     for (const Map_outline& map : report.outline.maps) {
       for (const Listed_layer& layer : listed_layers(map)) {
         if (rows.is_full()) break;
-        if (is_wanted(layer)) rows.append(row(report, layer));
+        if (!filter_.is_wanted(report, layer)) continue;
+        ++matches;
+        rows.append(row(report, layer));
       }
     }
-    return {rows.take(), !rows.is_full()};
+    return {rows.take(), !rows.is_full(), matches};
   }
 
  private:
-  bool is_wanted(const Listed_layer& layer) const {
-    return wanted_.empty() || (layer.layer() && source_of(*layer.layer()).contains(wanted_));
+  std::string row(const Report& report, const Listed_layer& layer) const {
+    auto cells = cells_of(report, layer);
+    if (states_) {
+      const Source_state* state = report.source_state(layer.layer());
+      cells.emplace_back(state ? presence_word(state->presence) : "");
+      cells.push_back(state ? state->path : "");
+      cells.push_back(state ? fmt::format("{}", fmt::join(state->missing_parts, " ")) : "");
+    }
+    return format_.row(cells);
   }
 
-  std::string wanted_;
+  Csv_format format_;
+  Layer_filter filter_;
+  bool states_;
 };
 
 }  // namespace

@@ -189,9 +189,11 @@ class Section {
     return geometry.empty() ? kind : kind + ", " + geometry;
   }
 
-  static std::string layer_details(const Listed_layer& listed, const Tmxd_layer& layer) {
+  std::string layer_details(const Listed_layer& listed, const Tmxd_layer& layer) const {
     const Layer_record& record = listed.record();
     std::string details = detail("Data", source_of(layer).text());
+    const Source_state* state = report_.source_state(&layer);
+    if (state) details += detail("Data is", state_text(*state));
     details += detail("Scales", scales_text(layer));
     details += detail("Query", utf8(record.facts.definition_query.value_or(Wide_string())));
     details += detail("Labels", labels_text(record));

@@ -6,6 +6,7 @@
 
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/facts/data_source.h"
+#include "mxdinfo/facts/deep_search.h"
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/document_text.h"
 #include "mxdinfo/facts/facts.h"
@@ -14,6 +15,7 @@
 #include "mxdinfo/facts/stream_hash.h"
 #include "mxdinfo/output/json_list_stream.h"
 #include "mxdinfo/output/json_parts.h"
+#include "mxdinfo/output/layer_filter.h"
 #include "mxdinfo/output/report_writer.h"
 #include "outline/epsg_code.h"
 
@@ -38,16 +40,22 @@ Json coordinate_system_json(const Tmxd_coordinate_system* system) {
           {"text", wkt_text ? Json(nullptr) : text_or_null(coordinate_system_text(*system))}};
 }
 
-Json source_json(const Tmxd_layer& layer) {
+// With a state, if there is one, has also where the data is.
+Json source_json(const Tmxd_layer& layer, const Source_state* state) {
   const Source source = source_of(layer);
   if (source.empty()) return nullptr;
-  return {{"kind", data_kind(layer)},
-          {"type", text_or_null(source.type)},
-          {"workspace", text_or_null(source.workspace)},
-          {"feature_dataset", text_or_null(source.feature_dataset)},
-          {"dataset", text_or_null(source.dataset)},
-          {"path", text_or_null(data_path(layer))},
-          {"relative", is_relative(source.workspace)}};
+  Json json = {{"kind", data_kind(layer)},
+               {"type", text_or_null(source.type)},
+               {"workspace", text_or_null(source.workspace)},
+               {"feature_dataset", text_or_null(source.feature_dataset)},
+               {"dataset", text_or_null(source.dataset)},
+               {"path", text_or_null(data_path(layer))},
+               {"relative", is_relative(source.workspace)}};
+  if (!state) return json;
+  json["state"] = presence_word(state->presence);
+  json["resolved_path"] = text_or_null(state->path);
+  json["missing_parts"] = state->missing_parts;
+  return json;
 }
 
 // Null if there is no limit, or the number is impossible.
@@ -89,7 +97,8 @@ std::vector<std::size_t> written_indices(const Map_outline& map) {
 }
 
 // What only decoded layers have is null for others.
-Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indices) {
+Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indices,
+                const Report& report) {
   const Layer_record& record = listed.record();
   const Tmxd_layer* layer = listed.layer();
   const auto shown = layer ? visible(*layer) : std::nullopt;
@@ -104,7 +113,7 @@ Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indi
           {"min_scale", layer ? scale_json(layer->min_scale) : Json(nullptr)},
           {"max_scale", layer ? scale_json(layer->max_scale) : Json(nullptr)},
           {"geometry", layer ? text_or_null(geometry_of(*layer)) : Json(nullptr)},
-          {"source", layer ? source_json(*layer) : Json(nullptr)},
+          {"source", layer ? source_json(*layer, report.source_state(layer)) : Json(nullptr)},
           {"coordinate_system",
            layer ? coordinate_system_json(coordinate_system_of(*layer)) : Json(nullptr)},
           {"differs_from_map", differs ? Json(*differs) : Json(nullptr)},
@@ -115,8 +124,8 @@ Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indi
 }
 
 void write_layer(Json_list_stream& out, const Listed_layer& listed,
-                 const std::vector<std::size_t>& indices) {
-  const Json json = layer_json(listed, indices);
+                 const std::vector<std::size_t>& indices, const Report& report) {
+  const Json json = layer_json(listed, indices, report);
   if (json["renderer"].is_null()) {
     out.add(json);
     return;
@@ -136,7 +145,7 @@ Json extent_json(const std::optional<Extent>& extent) {
           {"ymax", extent->ymax}};
 }
 
-void write_map(Json_list_stream& out, const Map_outline& map) {
+void write_map(Json_list_stream& out, const Map_outline& map, const Report& report) {
   const auto* system = map.map->coordinate_system.get();
   if (!out.open({{"name", name_of(map)},
                  {"coordinate_system", coordinate_system_json(system)},
@@ -147,7 +156,7 @@ void write_map(Json_list_stream& out, const Map_outline& map) {
   const auto indices = written_indices(map);
   for (const Listed_layer& layer : listed_layers(map)) {
     if (out.is_full()) break;
-    write_layer(out, layer, indices);
+    write_layer(out, layer, indices, report);
   }
   out.close();
 }
@@ -210,7 +219,7 @@ void write_document(Json_list_stream& out, const Report& report) {
   if (!out.open(document_json(report))) return;
   for (const Map_outline& map : report.outline.maps) {
     if (out.is_full()) break;
-    write_map(out, map);
+    write_map(out, map, report);
   }
   out.next_list("losses");
   write_losses(out, report);
@@ -228,21 +237,67 @@ void write_losses_alone(Json_list_stream& out, const Report& report) {
   out.close();
 }
 
+Json hit_json(const Deep_hit& hit) {
+  return {{"map", hit.map ? Json(name_of(*hit.map)) : Json(nullptr)},
+          {"layer", hit.layer ? Json(path_in_map(*hit.layer)) : Json(nullptr)},
+          {"position", hit.position},
+          {"context", hit.context}};
+}
+
+std::size_t undecoded_layers(const Report& report) {
+  const Summary summary = summary_of(report);
+  return summary.layers - summary.decoded_layers;
+}
+
+// Returns how many layers and places were found.
+std::size_t write_found(Json_list_stream& out, const Report& report, const Layer_filter& filter) {
+  std::size_t matches = 0;
+  if (!out.open({{"file", file_json(report)},
+                 {"readable", report.failure.empty()},
+                 {"reason", text_or_null(report.failure)},
+                 {"undecoded_layers", undecoded_layers(report)},
+                 {"layers", Json::array()}})) {
+    return matches;
+  }
+  const auto is_wanted = [&](const Listed_layer& layer) { return filter.is_wanted(report, layer); };
+  for (const Map_outline& map : report.outline.maps) {
+    for (const Listed_layer& listed : listed_layers(map)) {
+      if (out.is_full()) break;
+      if (!is_wanted(listed)) continue;
+      const Tmxd_layer& layer = *listed.layer();
+      out.add({{"map", name_of(map)},
+               {"layer", path_in_map(listed)},
+               {"source", source_json(layer, report.source_state(&layer))}});
+      ++matches;
+    }
+  }
+  out.next_list("elsewhere");
+  if (!filter.deep_text().empty()) {
+    for (const Deep_hit& hit : deep_search(report, filter.deep_text(), is_wanted)) {
+      if (!out.add(hit_json(hit))) break;
+      ++matches;
+    }
+  }
+  out.close();
+  return matches;
+}
+
 class Json_writer final : public Report_writer {
  public:
   explicit Json_writer(const Options& options)
       : lines_(options.format == Format::ndjson),
         single_(options.single),
-        losses_alone_(options.view == View::losses) {}
+        losses_alone_(options.view == View::losses),
+        filter_(options) {}
 
   std::string begin() const override { return in_array() ? "[" : ""; }
 
   Written_document document(const Report& report) const override {
     Json_list_stream out(max_output_size(report), !lines_);
-    losses_alone_ ? write_losses_alone(out, report) : write_document(out, report);
+    const std::size_t matches = write(out, report);
     const std::string text = out.take();
-    if (!in_array()) return {text + "\n", !out.is_full()};
-    return {(report.index == 0 ? "\n" : ",\n") + text, !out.is_full()};
+    if (!in_array()) return {text + "\n", !out.is_full(), matches};
+    return {(report.index == 0 ? "\n" : ",\n") + text, !out.is_full(), matches};
   }
 
   std::string end(std::span<const Summary> /*documents*/) const override {
@@ -252,9 +307,17 @@ class Json_writer final : public Report_writer {
  private:
   bool in_array() const { return !lines_ && !single_; }
 
+  // Returns how many layers and places a search found.
+  std::size_t write(Json_list_stream& out, const Report& report) const {
+    if (filter_.is_search()) return write_found(out, report, filter_);
+    losses_alone_ ? write_losses_alone(out, report) : write_document(out, report);
+    return 0;
+  }
+
   bool lines_;
   bool single_;
   bool losses_alone_;
+  Layer_filter filter_;
 };
 
 }  // namespace

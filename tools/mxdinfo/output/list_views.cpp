@@ -2,6 +2,7 @@
 #include <map>
 
 #include "mxdinfo/facts/facts.h"
+#include "mxdinfo/facts/fonts.h"
 #include "mxdinfo/facts/layers.h"
 #include "mxdinfo/output/text_views.h"
 
@@ -69,9 +70,19 @@ void append_sources(Text_lines& lines, const Report& report) {
   visit_layers(report, lines, [&](const Listed_layer& layer) {
     if (!layer.layer()) return;
     const Source source = source_of(*layer.layer());
-    if (!source.empty()) sources.add(shortened(source.text()), layer);
+    if (source.empty()) return;
+    const Source_state* state = report.source_state(layer.layer());
+    sources.add(shortened(source.text()) + (state ? ": " + state_text(*state) : ""), layer);
   });
   sources.append_to(lines, full_name);
+}
+
+void append_fonts(Text_lines& lines, const Report& report) {
+  Usage_list<Listed_layer> fonts;
+  visit_layers(report, lines, [&](const Listed_layer& layer) {
+    for (const std::string& font : fonts_of(layer.record())) fonts.add(font, layer);
+  });
+  fonts.append_to(lines, full_name);
 }
 
 void append_coordinate_systems(Text_lines& lines, const Report& report) {

@@ -13,6 +13,8 @@ struct Written_document {
   std::string text;
   // False if the bound on the size of the output cut something.
   bool is_complete = true;
+  // The layers that a search was for.
+  std::size_t matches = 0;
 };
 
 // Writes reports as text: begin(), each document in input order, end().
@@ -33,11 +35,11 @@ struct Options;
 std::unique_ptr<Report_writer> make_writer(const Options& options);
 
 std::unique_ptr<Report_writer> make_text_writer(const Options& options);
-std::unique_ptr<Report_writer> make_source_finder(const Options& options);
+std::unique_ptr<Report_writer> make_layer_finder(const Options& options);
+std::unique_ptr<Report_writer> make_totals_writer(const Options& options);
 std::unique_ptr<Report_writer> make_json_writer(const Options& options);
 std::unique_ptr<Report_writer> make_csv_writer(const Options& options);
 std::unique_ptr<Report_writer> make_html_writer(const Options& options);
-std::unique_ptr<Report_writer> make_dump_writer();
 std::unique_ptr<Report_writer> make_loss_writer(const Options& options);
 
 }  // namespace mxdinfo

@@ -1,9 +1,11 @@
 // The text output: views, the search for data sources, and losses.
 #include "mxdinfo/cli/options.h"
+#include "mxdinfo/facts/deep_search.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/layers.h"
 #include "mxdinfo/facts/losses.h"
 #include "mxdinfo/output/csv_cell.h"
+#include "mxdinfo/output/layer_filter.h"
 #include "mxdinfo/output/text_views.h"
 
 namespace mxdinfo {
@@ -37,7 +39,10 @@ class Text_report_writer final : public Report_writer {
         return append_sources(lines, report);
       case View::coordinate_systems:
         return append_coordinate_systems(lines, report);
+      case View::fonts:
+        return append_fonts(lines, report);
       case View::losses:
+      case View::broken:
         break;
     }
   }
@@ -47,40 +52,65 @@ class Text_report_writer final : public Report_writer {
   References references_;
 };
 
-class Source_finder final : public Report_writer {
+// One line per layer that the search is for.
+class Layer_finder final : public Report_writer {
  public:
-  explicit Source_finder(const Options& options)
-      : wanted_(fold_case(utf8_of_path(options.find_source))) {}
+  explicit Layer_finder(const Options& options) : filter_(options) {}
 
   Written_document document(const Report& report) const override {
     Text_lines lines(report, false);
+    std::size_t matches = 0;
     for (const auto& map : report.outline.maps) {
       for (const Listed_layer& layer : listed_layers(map)) {
         if (lines.is_full()) break;
-        if (layer.layer()) append(lines, report, layer);
+        if (!filter_.is_wanted(report, layer)) continue;
+        ++matches;
+        append(lines, report, layer);
       }
     }
-    return lines.take();
+    if (!filter_.deep_text().empty()) matches += append_deep(lines, report);
+    Written_document written = lines.take();
+    written.matches = matches;
+    return written;
   }
 
  private:
-  void append(Text_lines& lines, const Report& report, const Listed_layer& layer) const {
-    const Source source = source_of(*layer.layer());
-    if (!source.contains(wanted_)) return;
-    lines.line(0, fmt::format("{}: {}: {}", escape_controls(report.name),
-                              escape_controls(full_name(layer)), escape_controls(source.text())));
+  static void append(Text_lines& lines, const Report& report, const Listed_layer& layer) {
+    const Source_state* state = report.source_state(layer.layer());
+    lines.line(0, fmt::format("{}: {}: {}{}", escape_controls(report.name),
+                              escape_controls(full_name(layer)),
+                              escape_controls(source_of(*layer.layer()).text()),
+                              state ? ": " + escape_controls(state_text(*state)) : ""));
   }
 
-  std::string wanted_;
+  std::size_t append_deep(Text_lines& lines, const Report& report) const {
+    const auto is_known = [&](const Listed_layer& layer) {
+      return filter_.is_wanted(report, layer);
+    };
+    const auto hits = deep_search(report, filter_.deep_text(), is_known);
+    for (const Deep_hit& hit : hits) {
+      const std::string place = hit.layer ? full_name(*hit.layer) + ": "
+                                : hit.map ? name_of(*hit.map) + ": "
+                                          : "";
+      lines.line(0,
+                 fmt::format("{}: {}not decoded, at byte {}: {}", escape_controls(report.name),
+                             escape_controls(place), hit.position, escape_controls(hit.context)));
+    }
+    return hits.size();
+  }
+
+  Layer_filter filter_;
 };
 
 // One line or CSV row per loss.
 class Loss_writer final : public Report_writer {
  public:
-  explicit Loss_writer(const Options& options) : csv_(options.format == Format::csv) {}
+  explicit Loss_writer(const Options& options)
+      : format_(options), csv_(options.format == Format::csv) {}
 
   std::string begin() const override {
-    return csv_ ? "document,path,what,consequence,class,number,position\n" : "";
+    if (!csv_) return {};
+    return std::string(format_.begin()) + "document,path,what,consequence,class,number,position\n";
   }
 
   Written_document document(const Report& report) const override {
@@ -93,18 +123,20 @@ class Loss_writer final : public Report_writer {
   }
 
  private:
-  static std::string cut_row(const Report& report) {
-    return csv_cell(shortened(report.name)) +
+  std::string cut_row(const Report& report) const {
+    return format_.cell(shortened(report.name)) +
            ",,output,\"it is too long, and the rest is left out\",,,";
   }
-  static std::string row(const Report& report, const Loss& loss) {
-    std::string row = fmt::format("{},{},{},{},", csv_cell(report.name), csv_cell(path_of(loss)),
-                                  loss.words.subject, csv_cell(loss.words.consequence));
+  std::string row(const Report& report, const Loss& loss) const {
+    std::string row =
+        fmt::format("{},{},{},{},", format_.cell(report.name), format_.cell(path_of(loss)),
+                    loss.words.subject, format_.cell(loss.words.consequence));
     if (!loss.error) return row + ",,";
     return row +
            fmt::format("{},{},{}", loss.error->type, loss.error->number, loss.error->position);
   }
 
+  Csv_format format_;
   bool csv_;
 };
 
@@ -114,8 +146,8 @@ std::unique_ptr<Report_writer> make_text_writer(const Options& options) {
   return std::make_unique<Text_report_writer>(options);
 }
 
-std::unique_ptr<Report_writer> make_source_finder(const Options& options) {
-  return std::make_unique<Source_finder>(options);
+std::unique_ptr<Report_writer> make_layer_finder(const Options& options) {
+  return std::make_unique<Layer_finder>(options);
 }
 
 std::unique_ptr<Report_writer> make_loss_writer(const Options& options) {

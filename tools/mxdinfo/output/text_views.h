@@ -12,6 +12,7 @@ void append_tree(Text_lines& lines, const Report& report, References references)
 void append_symbols(Text_lines& lines, const Report& report);
 void append_layers(Text_lines& lines, const Report& report);
 void append_sources(Text_lines& lines, const Report& report);
+void append_fonts(Text_lines& lines, const Report& report);
 void append_coordinate_systems(Text_lines& lines, const Report& report);
 
 }  // namespace mxdinfo

@@ -15,18 +15,18 @@ enum class Content { everything, symbols };
 
 class Tree {
  public:
-  Tree(Text_lines& lines, Content content, References references)
-      : lines_(lines), content_(content), references_(references) {}
+  Tree(Text_lines& lines, const Report& report, Content content, References references)
+      : lines_(lines), report_(report), content_(content), references_(references) {}
 
-  void append(const Report& report) {
+  void append() {
     if (content_ == Content::everything) {
-      for (const auto& [label, text] : property_texts(report.outline.document)) {
+      for (const auto& [label, text] : property_texts(report_.outline.document)) {
         lines_.detail(2, label, text);
       }
     }
-    if (report.outline.maps.empty()) lines_.line(2, "no maps");
-    for (const Map_outline& map : report.outline.maps) append_map(map);
-    if (references_ == References::shown) append_map_references(report.content);
+    if (report_.outline.maps.empty()) lines_.line(2, "no maps");
+    for (const Map_outline& map : report_.outline.maps) append_map(map);
+    if (references_ == References::shown) append_map_references(report_.content);
   }
 
  private:
@@ -66,6 +66,9 @@ class Tree {
   void append_details(std::size_t indent, const Listed_layer& listed, const Tmxd_layer& layer) {
     const Layer_record& record = listed.record();
     lines_.detail(indent, "data", source_of(layer).text());
+    if (const Source_state* state = report_.source_state(&layer)) {
+      lines_.detail(indent, "data is", state_text(*state));
+    }
     lines_.detail(indent, "scales", scales_text(layer));
     lines_.detail(indent, "query", utf8(record.facts.definition_query.value_or(Wide_string())));
     lines_.detail(indent, "labels", labels_text(record));
@@ -118,6 +121,7 @@ class Tree {
   }
 
   Text_lines& lines_;
+  const Report& report_;
   Content content_;
   References references_;
 };
@@ -125,11 +129,11 @@ class Tree {
 }  // namespace
 
 void append_tree(Text_lines& lines, const Report& report, References references) {
-  Tree(lines, Content::everything, references).append(report);
+  Tree(lines, report, Content::everything, references).append();
 }
 
 void append_symbols(Text_lines& lines, const Report& report) {
-  Tree(lines, Content::symbols, References::hidden).append(report);
+  Tree(lines, report, Content::symbols, References::hidden).append();
 }
 
 }  // namespace mxdinfo
