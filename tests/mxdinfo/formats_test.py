@@ -112,6 +112,26 @@ class Formats(Case):
         digest = base64.b64encode(hashlib.sha256(script.encode()).digest()).decode()
         self.assertIn(f"script-src 'sha256-{digest}'\"", text)
 
+    def test_a_page_for_each_folder(self):
+        for name in ("top.mxd", "a/1.mxd", "a/2.mxd", "a/b/3.mxd"):
+            self.write(name, documents.document(name))
+        self.write("a/bad.mxd", b"bad")
+        os.mkdir(os.path.join(self.folder, "pages"))
+        self.run_mxdinfo("-q", "-r", "-f", "html", "-o", "pages", ".", code=1)
+        pages = {}
+        for path in glob.glob(os.path.join(self.folder, "pages", "*")):
+            with open(path, encoding="utf-8") as file:
+                pages[os.path.basename(path)] = file.read()
+        rows = re.findall(r'<tr>.*?href="(.*?)"><bdi>(.*?)<.*?>(\d+)</td>.*?>(\d+)</td>',
+                          pages.pop("index.html"))
+        self.assertEqual([("page-1.html", ".", "1", "0"), ("page-2.html", "./a", "3", "1"),
+                          ("page-3.html", "./a/b", "1", "0")], rows)
+        self.assertEqual({row[0] for row in rows}, set(pages))
+        for page in pages.values():
+            self.assertIn('<a href="index.html">', page)
+            links = re.findall('href="#(.*?)"', page)
+            self.assertEqual([], [link for link in links if f'id="{link}"' not in page])
+
     def test_options_are_documented(self):
         options = set(re.findall(r"--[a-z-]+", self.run_mxdinfo("--help")[0]))
         for name in ("docs/mxdinfo.1", "tools/mxdinfo.bash"):

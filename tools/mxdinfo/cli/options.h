@@ -56,6 +56,8 @@ struct Options {
 
   // One file is named; no folder and no list. The JSON is then one object.
   bool single = false;
+  // Of one HTML page among several: the folder of its documents.
+  std::string page_title;
 };
 
 // The options, or the exit code after a message was printed.

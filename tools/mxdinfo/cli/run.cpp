@@ -14,6 +14,7 @@
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/cli/output.h"
 #include "mxdinfo/cli/output_names.h"
+#include "mxdinfo/cli/pages.h"
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/cli/progress.h"
 #include "mxdinfo/facts/display_text.h"
@@ -76,29 +77,64 @@ class Run {
   }
 
   Exit_code write_all() {
-    Output output(options_.output, Line_ends::kept);
-    if (!output.file()) return Exit_code::some_unreadable;
-    const auto writer = make_writer(options_);
-    output.write(writer->begin());
-    std::vector<Summary> summaries;
-    run_batch(
-        inputs_.paths.size(), options_.jobs,
-        [&](std::size_t index) { return rendered(index, *writer); },
-        [&](Rendered_document&& result) {
-          const bool written = output.write(result.text);
-          record(result);
-          if (options_.format == Format::html) summaries.push_back(std::move(result.summary));
-          return written;
-        });
-    output.write(writer->end(summaries));
-    if (!output.commit()) return Exit_code::some_unreadable;
-    const bool batch = !inputs_.single || inputs_.paths.size() > 1;
-    if (!options_.quiet && (batch || options_.verbose)) progress_.end(totals_);
+    if (!write(options_, 0, inputs_.paths.size())) return Exit_code::some_unreadable;
+    report_end();
     if (!options_.quiet && !options_.find_source.empty()) report_search();
+    const bool slow = options_.format == Format::html && inputs_.paths.size() > max_page_documents;
+    if (slow && !options_.quiet) {
+      progress_.print_line("mxdinfo: large pages open slowly; -o FOLDER makes one for each folder");
+    }
+    return exit_code();
+  }
+
+  // Into the output, which is a folder: the pages and their index.
+  Exit_code write_pages(const std::vector<Page>& pages) {
+    std::vector<Page_entry> entries;
+    for (const Page& page : pages) {
+      Options options = options_;
+      options.output = join_path(options_.output, page.file);
+      options.page_title = page.title;
+      options.single = false;
+      const auto totals = write(options, page.first, page.count);
+      if (!totals) return Exit_code::some_unreadable;
+      entries.push_back({page.title, page.file, *totals});
+    }
+    Output index(join_path(options_.output, "index.html"), Line_ends::kept);
+    if (!index.file()) return Exit_code::some_unreadable;
+    index.write(page_index(entries));
+    if (!index.commit()) return Exit_code::some_unreadable;
+    report_end();
     return exit_code();
   }
 
  private:
+  // Some of the inputs. Returns their totals, or nothing if the output cannot be written.
+  std::optional<Totals> write(const Options& options, std::size_t first, std::size_t count) {
+    Output output(options.output, Line_ends::kept);
+    if (!output.file()) return std::nullopt;
+    const auto writer = make_writer(options);
+    output.write(writer->begin());
+    Totals totals;
+    std::vector<Summary> summaries;
+    run_batch(
+        count, options.jobs, [&](std::size_t index) { return rendered(first, index, *writer); },
+        [&](Rendered_document&& result) {
+          const bool written = output.write(result.text);
+          record(result);
+          totals.add(result.summary);
+          if (options.format == Format::html) summaries.push_back(std::move(result.summary));
+          return written;
+        });
+    output.write(writer->end(summaries));
+    if (!output.commit()) return std::nullopt;
+    return totals;
+  }
+
+  void report_end() {
+    const bool batch = !inputs_.single || inputs_.paths.size() > 1;
+    if (!options_.quiet && (batch || options_.verbose)) progress_.end(totals_);
+  }
+
   std::set<std::string> absolute_inputs() const {
     std::set<std::string> paths;
     for (const std::string& path : inputs_.paths) paths.insert(absolute_path(path));
@@ -143,14 +179,15 @@ class Run {
   }
 
   // Runs on the threads of a batch.
-  Rendered_document rendered(std::size_t index, const Report_writer& writer) const noexcept {
+  Rendered_document rendered(std::size_t first, std::size_t index,
+                             const Report_writer& writer) const noexcept {
     Report report;
     report.index = index;
     try {
       if (kept_) {
-        if (auto line = kept_->line_of(inputs_.paths[index])) return std::move(*line);
+        if (auto line = kept_->line_of(inputs_.paths[first + index])) return std::move(*line);
       }
-      load(inputs_.paths[index], report);
+      load(inputs_.paths[first + index], report);
       if (options_.check_sources) report.source_states = mxdinfo::check_sources(report, places_);
       Written_document written = writer.document(report);
       Rendered_document result{summary_of(report), std::move(written.text), loss_messages(report)};
@@ -248,7 +285,10 @@ Exit_code run_options(Options& options) {
   if (options.update && inputs.list_failed) return Exit_code::some_unreadable;
   std::optional<Kept_lines> kept;
   if (options.update && !keep_lines(options, inputs, kept)) return Exit_code::wrong_usage;
+  const bool into_pages = options.format == Format::html && is_folder(options.output);
+  const auto pages = into_pages ? divide_into_pages(inputs.paths) : std::vector<Page>();
   Run run(options, inputs, kept ? &*kept : nullptr, options.output.empty() && is_terminal(stdout));
+  if (into_pages) return run.write_pages(pages);
   if (into_folder) return run.save_each();
   return single_document_format ? run.save_document() : run.write_all();
 }

@@ -6,7 +6,7 @@
 namespace mxdinfo {
 
 // The page allows only the script with this SHA-256.
-inline constexpr std::string_view page_script_hash = "PsI/wzMR9jfBr6rD0ge2vMcj6NUL9VcHgStTXDyjv/8=";
+inline constexpr std::string_view page_script_hash = "2toyzCbx1ule03CTfCVdefPOnwQs+xjhvzCQhfofWWY=";
 
 inline constexpr std::string_view page_script = R"(
 'use strict';
@@ -76,11 +76,18 @@ function filter() {
     if (!section.hidden && (!details || details.open)) layers += narrow(section, matches);
     if (rows.has('#' + section.id)) rows.get('#' + section.id).hidden = section.hidden;
   }
+  if (!sections.length) {  // an index of pages
+    for (const row of all('#documents tbody tr')) {
+      row.hidden = !matches(row.textContent.toLowerCase());
+    }
+  }
   for (const row of all('#totals tbody tr')) {
     row.hidden = !matches(row.querySelector('summary').textContent.toLowerCase());
   }
   document.getElementById('found').textContent =
-      sections.length > 1 ? `${documents} of ${sections.length} documents` : `${layers} layers`;
+      sections.length > 1 ? `${documents} of ${sections.length} documents` :
+      sections.length ? `${layers} layers` :
+      `${all('#documents tbody tr:not([hidden])').length} pages`;
 }
 
 // Numbers begin with the largest.

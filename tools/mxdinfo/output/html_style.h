@@ -41,7 +41,7 @@ dl{display:grid;grid-template-columns:7rem 1fr;gap:.05rem .8rem;margin:.15rem 0 
 .unknown rect{fill:#f2f2f2;stroke:#b3b3b3;stroke-width:.5}.unknown path{fill:none;stroke:#b3b3b3;stroke-width:.5}
 pre{white-space:pre-wrap;overflow-wrap:anywhere;margin:.3rem 0;font-size:.85em}
 @media (max-width:40rem){body{padding:.75rem}nav,section{padding:.6rem .75rem}dl{grid-template-columns:1fr}dt{margin-top:.2rem}table{font-size:.85rem}td.n,th.n{width:3.6rem;padding:.25rem 0 .25rem .4rem}th button::after{content:none!important}}
-@media print{:root{color-scheme:light;--line:#d4d9de;--soft:#444;--paper:#fff;--page:#fff;--ink:#000;--accent:#000;--bad:#8c1d18}body{padding:0;max-width:none;font-size:10pt;display:block}nav,section{border:0;padding:0;margin-bottom:1rem}main{display:block}main>section{content-visibility:visible}#tools,.skip,.up,.back{display:none}a{text-decoration:none}h2,h3,.layer,.heading{break-after:avoid}tr,dl,.legend p{break-inside:avoid}thead{display:table-header-group}.swatch{print-color-adjust:exact;-webkit-print-color-adjust:exact}th button::after{content:""}}
+@media print{:root{color-scheme:light;--line:#d4d9de;--soft:#444;--paper:#fff;--page:#fff;--ink:#000;--accent:#000;--bad:#8c1d18}body{padding:0;max-width:none;font-size:10pt;display:block}nav,section{border:0;padding:0;margin-bottom:1rem}main{display:block}main>section{content-visibility:visible}#tools,.skip,.up,.back{display:none}a{text-decoration:none}h2,h3,.layer,.heading{break-after:avoid}tr,dl,.legend p{break-inside:avoid}thead{display:table-header-group}.swatch{print-color-adjust:exact;-webkit-print-color-adjust:exact}th button::after{content:none!important}}
 )";
 
 }  // namespace mxdinfo

@@ -31,6 +31,14 @@ class Report_writer {
   virtual std::string end(std::span<const Summary> /*documents*/) const { return {}; }
 };
 
+// A row of the index of several pages.
+struct Page_entry {
+  std::string title;
+  std::string file;
+  Totals totals;
+};
+std::string page_index(std::span<const Page_entry> pages);
+
 struct Options;
 std::unique_ptr<Report_writer> make_writer(const Options& options);
 
