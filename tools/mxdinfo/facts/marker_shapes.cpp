@@ -29,7 +29,7 @@ struct Shape_of_character {
   Marker_shape shape;
 };
 
-// Sizes as ArcMap's pictures show them.
+// Sizes are parts of the font's size. ArcMap's pictures show all but 36 to 38 and 43 to 45.
 constexpr std::array shapes{
     Shape_of_character{33, {"circle", {}, true, 0.75}},
     Shape_of_character{34, {"square", square, true, 0.66}},
