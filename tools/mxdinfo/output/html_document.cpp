@@ -155,8 +155,8 @@ class Section {
 
   static std::string_view visibility_box(std::optional<bool> shown) {
     if (!shown) return R"(<span class="box none"></span>)";
-    return *shown ? R"(<span class="box on" role="img" aria-label="visible">✓</span>)"
-                  : R"(<span class="box" role="img" aria-label="not visible"></span>)";
+    return shown == true ? R"(<span class="box on" role="img" aria-label="visible">✓</span>)"
+                         : R"(<span class="box" role="img" aria-label="not visible"></span>)";
   }
 
   static bool is_unlabelled(const Legend_entry& entry, const std::string& layer_name) {
