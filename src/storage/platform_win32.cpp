@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <climits>
+#include <new>
 
 #include "storage/long_path_win32.h"
 #include "storage/platform.h"
@@ -30,7 +31,7 @@ OVERLAPPED overlapped_at(std::uint64_t position) {
 
 }  // namespace
 
-Open_result Native_file::open(const Wide_string& path, File_access access, File_creation creation) {
+Open_result Native_file::open(const Wide_string& path, File_access access, File_creation creation) try {
   static_cast<void>(close());
   const DWORD rights =
       access == File_access::read_write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
@@ -44,6 +45,8 @@ Open_result Native_file::open(const Wide_string& path, File_access access, File_
   }
   handle_ = reinterpret_cast<std::intptr_t>(handle);
   return Open_result::opened;
+} catch (const std::bad_alloc&) {
+  return Open_result::failed;
 }
 
 bool Native_file::close() {
