@@ -31,7 +31,8 @@ OVERLAPPED overlapped_at(std::uint64_t position) {
 
 }  // namespace
 
-Open_result Native_file::open(const Wide_string& path, File_access access, File_creation creation) try {
+Open_result Native_file::open(const Wide_string& path, File_access access,
+                              File_creation creation) try {
   static_cast<void>(close());
   const DWORD rights =
       access == File_access::read_write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
