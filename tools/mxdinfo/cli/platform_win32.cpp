@@ -138,8 +138,8 @@ bool make_folder(const std::string& path) {
 
 std::string_view open_failure(const std::string& path) {
   if (is_folder(path)) return "cannot be opened: it is a folder";
-  const HANDLE file = CreateFileW(wide_path(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
-                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  const HANDLE file = CreateFileW(wide_path(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
   if (file != INVALID_HANDLE_VALUE) {
     CloseHandle(file);
     return "cannot be opened";

@@ -45,8 +45,8 @@ std::string kind_text(const mxd::Layer_record& record);
 std::string labels_text(const mxd::Layer_record& record);
 // The well-known text's name, and "(EPSG 4326)" where the text states the code.
 std::string coordinate_system_text_line(const mxd::Tmxd_coordinate_system& system);
-// Whether a layer's coordinate system is another one than its map's; nothing if either has none or an
-// unknown one.
+// Whether a layer's coordinate system is another one than its map's; nothing if either has none or
+// an unknown one.
 std::optional<bool> differs_from_map(const Listed_layer& layer);
 // The same line for a layer's system, with a note if it differs from the map's; empty if the layer
 // has none.

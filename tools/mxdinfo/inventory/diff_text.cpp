@@ -44,9 +44,10 @@ std::string diff_text(const Json& diff) {
     }
     text += '\n';
     for (const Json& each : item["differences"]) {
-      const std::string at = each["at"].is_null() ? "" : " " + value_text(each["at"]);
-      text += fmt::format("      {}{}: {} -> {}\n", value_text(each["part"]), at,
-                          value_text(each["old"]), value_text(each["new"]));
+      const std::string at = each["at"].is_null() ? "" : value_text(each["at"]);
+      text +=
+          fmt::format("      {}{}{}: {} -> {}\n", value_text(each["part"]), at.empty() ? "" : " ",
+                      at, value_text(each["old"]), value_text(each["new"]));
     }
   }
   return text;

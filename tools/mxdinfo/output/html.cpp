@@ -71,7 +71,7 @@ std::string document_index(std::span<const Summary> documents) {
   std::string table = table_begin({"Document", "Maps", "Layers", "Losses"});
   for (std::size_t i = 0; i < documents.size(); ++i) {
     const Summary& summary = documents[i];
-    table += row_begin("#" + document_id(i), summary.name);
+    table += row_begin(fmt::format("#{}", document_id(i)), summary.name);
     table += summary.failure.empty() ? numbers({summary.maps, summary.layers, summary.losses})
                                      : fmt::format("<td class=\"bad\" colspan=\"3\">{}</td>",
                                                    escape_html(summary.failure));
