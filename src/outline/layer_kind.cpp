@@ -23,13 +23,6 @@ constexpr std::array<const char*, 7> words = {
 };
 constexpr std::size_t decoded_count = 4;
 
-std::string guid_text(const Guid& guid) {
-  std::string text = bytes_to_hex({guid.bytes.begin(), guid.bytes.end()}, "");
-  constexpr std::array<std::size_t, 4> dashes = {8, 13, 18, 23};
-  for (const std::size_t dash : dashes) text.insert(dash, 1, '-');
-  return text;
-}
-
 }  // namespace
 
 Layer_kind layer_kind(const Guid& class_id) {
@@ -37,6 +30,13 @@ Layer_kind layer_kind(const Guid& class_id) {
     if (ids[i] == class_id) return static_cast<Layer_kind>(i);
   }
   return Layer_kind::unknown;
+}
+
+std::string guid_text(const Guid& guid) {
+  std::string text = bytes_to_hex({guid.bytes.begin(), guid.bytes.end()}, "");
+  constexpr std::array<std::size_t, 4> dashes = {8, 13, 18, 23};
+  for (const std::size_t dash : dashes) text.insert(dash, 1, '-');
+  return text;
 }
 
 std::string kind_in_words(const Guid& class_id) {

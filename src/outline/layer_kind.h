@@ -21,6 +21,9 @@ enum class Layer_kind {
 
 Layer_kind layer_kind(const Guid& class_id);
 
+// "A4BADC1B-EBED-4A29-99DC-C6334DE352AD"
+std::string guid_text(const Guid& guid);
+
 // "basemap layer", or for an unknown kind "layer of an unknown kind, class DA4122BF-...".
 std::string kind_in_words(const Guid& class_id);
 

@@ -109,6 +109,8 @@ Json layer_json(const Listed_layer& listed, const std::vector<std::size_t>& indi
           {"parent", record.parent ? Json(indices[*record.parent]) : Json(nullptr)},
           {"read", layer != nullptr},
           {"kind_in_words", kind_in_words(record.class_id)},
+          {"class_id", guid_text(record.class_id)},
+          {"size", record.length != 0 ? Json(record.length) : Json(nullptr)},
           {"visible", shown ? Json(*shown) : Json(nullptr)},
           {"min_scale", layer ? scale_json(layer->min_scale) : Json(nullptr)},
           {"max_scale", layer ? scale_json(layer->max_scale) : Json(nullptr)},
@@ -168,7 +170,9 @@ Json loss_json(const Loss& loss) {
           {"consequence", loss.words.consequence},
           {"type", loss.error ? Json(loss.error->type) : Json(nullptr)},
           {"number", loss.error ? Json(loss.error->number) : Json(nullptr)},
-          {"position", loss.error ? Json(loss.error->position) : Json(nullptr)}};
+          {"position", loss.error   ? Json(loss.error->position)
+                       : loss.layer ? Json(loss.layer->record().position)
+                                    : Json(nullptr)}};
 }
 
 void write_losses(Json_list_stream& out, const Report& report) {
