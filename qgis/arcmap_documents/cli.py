@@ -8,7 +8,7 @@ import sys
 from typing import Iterator, Optional, TextIO
 
 from . import VERSION
-from .conversion import FileNames, Options, Result, convert_document
+from .conversion import FileNames, Options, Result, convert_document, os_error_text
 from .reader import ReadError, documents_in, find_mxdinfo
 from .sources import Places, mapping
 
@@ -24,6 +24,13 @@ def styles(text: str) -> tuple[str, ...]:
     return names
 
 
+def stored_and_here(text: str) -> tuple[str, str]:
+    try:
+        return mapping(text)
+    except ValueError as error:
+        raise argparse.ArgumentTypeError(str(error)) from error
+
+
 def parser() -> argparse.ArgumentParser:
     result = argparse.ArgumentParser(
         prog="mxd2qgis", description="Converts ArcMap documents to QGIS projects."
@@ -32,7 +39,7 @@ def parser() -> argparse.ArgumentParser:
     add("inputs", nargs="+", metavar="FILE|FOLDER")
     add("-r", "--recursive", action="store_true", help="search folders with all below them")
     add("-o", "--output", metavar="FOLDER", help="write there, not beside the documents")
-    add("--map", action="append", default=[], type=mapping, metavar="STORED=HERE",
+    add("--map", action="append", default=[], type=stored_and_here, metavar="STORED=HERE",
         help="the folder STORED in documents is HERE on this machine")  # fmt: skip
     add("--search", metavar="FOLDER", help="search it by name for data that is nowhere else")
     add("--styles", type=styles, default=(), metavar="qml,sld", help="write a style per layer")
@@ -79,13 +86,20 @@ def say(text: str) -> None:
     print(f"mxd2qgis: {one_line(text)}", file=sys.stderr)
 
 
+def counted(count: int, word: str, words: str = "") -> str:
+    return f"{count} {word}" if count == 1 else f"{count} {words or word + 's'}"
+
+
 def report(result: Result, quiet: bool) -> None:
+    for path in result.unwritten:
+        say(f"{result.document}: {path} cannot be written")
     if result.error:
         say(f"{result.document}: {result.error}")
     elif not quiet:
         print(
-            f"{one_line(result.project or '')}: {result.maps} maps, {result.layers} layers, "
-            f"{result.layers - result.valid} without data, {len(result.losses)} losses",
+            f"{one_line(result.project or '')}: {counted(result.maps, 'map')}, "
+            f"{counted(result.layers, 'layer')}, {result.layers - result.valid} without data, "
+            f"{counted(len(result.losses), 'loss', 'losses')}",
             flush=True,
         )
 
@@ -96,13 +110,16 @@ def run(arguments: argparse.Namespace) -> int:
     options = Options(mxdinfo, places, arguments.styles, arguments.pictures)
     names = FileNames()
     failed = lossy = 0
+    for folder in filter(None, [arguments.search, *(here for _, here in arguments.map)]):
+        if not os.path.isdir(folder):
+            say(f"{folder}: there is no such folder")
     losses = open(arguments.losses, "w", encoding="utf-8") if arguments.losses else None
     try:
         for path, found_in in documents(arguments.inputs, arguments.recursive):
             folder = output_folder(path, found_in, arguments.output)
             result = convert_document(path, names.stem_for(path, folder), options)
             report(result, arguments.quiet)
-            failed += bool(result.error)
+            failed += bool(result.error or result.unwritten)
             lossy += bool(result.losses)
             if losses:
                 write_losses(losses, result)
@@ -125,8 +142,11 @@ def main() -> int:
     application.initQgis()
     try:
         return run(arguments)
-    except (ReadError, OSError) as error:
+    except ReadError as error:
         say(str(error))
+        return FAILED
+    except OSError as error:
+        say(os_error_text(error))
         return FAILED
     except KeyboardInterrupt:
         return INTERRUPTED

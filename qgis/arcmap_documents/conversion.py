@@ -37,11 +37,20 @@ class Result:
     layers: int = 0
     valid: int = 0
     losses: list[Loss] = field(default_factory=list)
+    # Styles and pictures; they are losses, too.
+    unwritten: list[str] = field(default_factory=list)
+
+
+def os_error_text(error: OSError) -> str:
+    reason = error.strerror or str(error)
+    return f"{error.filename}: {reason}" if error.filename else reason
 
 
 def file_name(name: str) -> str:
-    """A name without what file systems refuse."""
-    return re.sub(r'[\x00-\x1f<>:"/\\|?*]+', "_", name).strip(" .")[:100] or "unnamed"
+    """A name without what file systems refuse, and of fewer bytes than they allow."""
+    name = re.sub(r'[\x00-\x1f<>:"/\\|?*]+', "_", name)
+    short = name.encode("utf-8", "surrogateescape")[:180].decode("utf-8", "ignore")
+    return short.strip(" .") or "unnamed"
 
 
 class FileNames:
@@ -64,7 +73,11 @@ class FileNames:
         return self.stem(folder, os.path.splitext(os.path.basename(document))[0])
 
 
-def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses: Losses) -> None:
+def _write_styles(
+    maps: list[ConvertedMap], stem: str, options: Options, losses: Losses
+) -> list[str]:
+    """Returns the files that could not be written."""
+    unwritten: list[str] = []
     names, (folder, name) = FileNames(), os.path.split(stem)
     for converted in maps:
         for index, layer in converted.by_index.items():
@@ -84,15 +97,21 @@ def _write_styles(maps: list[ConvertedMap], stem: str, options: Options, losses:
             for style, problem in problems.items():
                 if problem:
                     losses.add(f"{style} file", problem)
+                    unwritten.append(f"{base}.{style}")
+    return unwritten
 
 
-def _write_pictures(maps: list[ConvertedMap], stem: str, losses: Losses) -> None:
+def _write_pictures(maps: list[ConvertedMap], stem: str, losses: Losses) -> list[str]:
+    """Returns the files that could not be written."""
+    unwritten: list[str] = []
     names, (folder, name) = FileNames(), os.path.split(stem)
     for converted in maps:
         suffix = f" - {converted.map.name}" if len(maps) > 1 else ""
         path = names.stem(folder, name + suffix) + ".png"
         if not pictures.draw(converted).save(path):
             losses.add("picture", f"{path} cannot be written", "")
+            unwritten.append(path)
+    return unwritten
 
 
 def convert_document(
@@ -111,14 +130,16 @@ def convert_document(
         if not project.write(stem + ".qgz"):
             raise ReadError(f"{stem}.qgz cannot be written: {project.error()}")
         result.project = stem + ".qgz"
-        _write_styles(maps, stem, options, losses)
+        result.unwritten = _write_styles(maps, stem, options, losses)
         if options.pictures:
-            _write_pictures(maps, stem, losses)
+            result.unwritten += _write_pictures(maps, stem, losses)
         result.maps = len(maps)
         result.layers = sum(len(each.layers) for each in maps)
         result.valid = sum(layer.isValid() for each in maps for layer in each.layers)
-    except (ReadError, OSError) as error:
+    except ReadError as error:
         result.error = str(error)
+    except OSError as error:
+        result.error = os_error_text(error)
     finally:
         project.clear()
     result.losses = losses.all()

@@ -201,7 +201,9 @@ def _own_program() -> Optional[str]:
 def _program_of_path() -> str:
     found = shutil.which("mxdinfo")
     if found is None:
-        raise ReadError("mxdinfo is not installed; its path can be set in the plugin's settings")
+        raise ReadError(
+            "mxdinfo is not found: neither in PATH nor where settings or --mxdinfo name it"
+        )
     return found
 
 
@@ -242,7 +244,10 @@ def read_json(
 
 def read(mxdinfo: str, path: str, cancelled: Callable[[], bool] = lambda: False) -> Document:
     """The document; ReadError if it is none, or if mxdinfo is of another version."""
-    document = document_of(read_json(mxdinfo, path, cancelled))
+    try:
+        document = document_of(read_json(mxdinfo, path, cancelled))
+    except (KeyError, TypeError, AttributeError) as error:
+        raise ReadError("what mxdinfo writes is not understood") from error
     if not document.readable:
         raise ReadError(document.reason or "not readable as a map document")
     return document

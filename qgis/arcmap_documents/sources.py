@@ -41,7 +41,7 @@ def mapping(text: str) -> tuple[str, str]:
     """A folder mapping from its text, for example C:\\data=/mnt/data"""
     stored, separator, here = text.partition("=")
     if not separator or not stored or not here:
-        raise ValueError(f"{text!r} is no STORED=HERE")
+        raise ValueError(f"{text!r} is not of the form STORED=HERE")
     return stored, here
 
 
