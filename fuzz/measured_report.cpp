@@ -127,14 +127,25 @@ void load_report(Report& report, std::span<const std::uint8_t> maps) {
   report.outline = read_outline(report.content, {maps, maps, maps});
 }
 
+namespace {
+
+// A JSON value is written as a whole, so one large value may be all that is cut.
+bool is_cut_without_need(const Report_form& form, const Written_document& output) {
+  constexpr std::size_t min_cut_size = 100'000;
+  const bool is_json = form.options.format == Format::json || form.options.format == Format::ndjson;
+  return !output.is_complete && !is_json && output.text.size() < min_cut_size;
+}
+
+}  // namespace
+
 std::string output_fault(const Report_form& form, const Report& report,
                          const Written_document& output) {
-  const std::string_view fault =
-      output.text.size() > max_output_size(report)          ? "is too long"
-      : !is_harmless(output.text, form.options.color)       ? "has control characters"
-      : !is_well_formed(form, output.text)                  ? "is not well formed"
-      : !output.is_complete && output.text.size() < 100'000 ? "was cut without need"
-                                                            : "";
+  const std::string_view fault = output.text.size() > max_output_size(report) ? "is too long"
+                                 : !is_harmless(output.text, form.options.color)
+                                     ? "has control characters"
+                                 : !is_well_formed(form, output.text) ? "is not well formed"
+                                 : is_cut_without_need(form, output)  ? "was cut without need"
+                                                                      : "";
   return fault.empty() ? "" : form.arguments + " " + std::string(fault);
 }
 
