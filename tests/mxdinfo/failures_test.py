@@ -35,9 +35,13 @@ class Failures(Case):
         self.assertEqual([], [name for name in os.listdir(self.folder) if name.startswith(".")])
 
     def test_signals(self):
+        def restore():
+            # A job in the background starts with some of them ignored.
+            for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+                signal.signal(number, signal.SIG_DFL)
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             process = subprocess.Popen([MXDINFO, "-o", "out", "-"], stdin=subprocess.PIPE,
-                                       cwd=self.folder)
+                                       cwd=self.folder, preexec_fn=restore)
             deadline = time.monotonic() + 20
             while len(os.listdir(self.folder)) < 2 and time.monotonic() < deadline:
                 time.sleep(0.01)
