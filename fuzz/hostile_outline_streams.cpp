@@ -76,7 +76,7 @@ Bytes many_envelopes(int n) {
       Bytes(map_list({})).add(repeated(n, envelope(80, {1, 2, 3, 4}).add(its_system()).zeros(3))));
 }
 
-Bytes decoys(int n, const Class_id& id) {
+Bytes list_decoys(int n, const Class_id& id) {
   return in_listed_map(repeated(n, Bytes().guid(id.guid)));
 }
 
@@ -99,8 +99,8 @@ const std::vector<Hostile_stream>& outline_streams() {
       {"endless label classes", 100, many_label_classes},
       {"labelled layers", 50, many_labelled_layers},
       {"envelopes", 500, many_envelopes},
-      {"layer ids", 1000, [](int n) { return decoys(n, Tmxd_feature_layer::clsid); }},
-      {"list ids", 1000, [](int n) { return decoys(n, basemap_id); }},
+      {"layer ids", 1000, [](int n) { return list_decoys(n, Tmxd_feature_layer::clsid); }},
+      {"list ids", 1000, [](int n) { return list_decoys(n, basemap_id); }},
       {"maps", 300, many_maps},
   };
   return streams;

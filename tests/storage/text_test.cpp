@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "storage/platform.h"
+#include "support/wide.h"
 
 namespace mxd {
 namespace {
 
-Wide_string wide(std::u16string_view units) {
-  return {units.begin(), units.end()};
-}
+using test::wide;
 
 TEST(Code_page, is_windows_1251) {
   const std::pair<std::u16string_view, std::string_view> cases[] = {

@@ -5,12 +5,12 @@
 #include <random>
 #include <utility>
 
+#include "support/wide.h"
+
 namespace mxd {
 namespace {
 
-Wide_string wide(std::u16string_view units) {
-  return {units.begin(), units.end()};
-}
+using test::wide;
 
 template <class Text>
 std::size_t invalid_count(Text text) {

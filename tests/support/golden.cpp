@@ -11,7 +11,7 @@
 namespace mxd::test {
 namespace {
 
-const std::string heading = "== ";
+const std::string section_mark = "== ";
 
 using Sections = std::map<std::string, std::string>;
 
@@ -20,8 +20,8 @@ Sections read_sections(const std::string& path) {
   std::string name;
   std::ifstream file(path);
   for (std::string line; std::getline(file, line);) {
-    if (line.starts_with(heading)) {
-      name = line.substr(heading.size());
+    if (line.starts_with(section_mark)) {
+      name = line.substr(section_mark.size());
     } else {
       sections[name] += line + "\n";
     }
@@ -50,7 +50,7 @@ void expect_golden(const std::string& family, const std::string& section, const 
   }
   sections[section] = as_section(text);
   std::ofstream file(path, std::ios::binary);
-  for (const auto& [name, kept] : sections) file << heading << name << "\n" << kept;
+  for (const auto& [name, kept] : sections) file << section_mark << name << "\n" << kept;
 }
 
 std::string decoded(Tmxd_obj& object, Decoder& decoder, std::int64_t limit) {

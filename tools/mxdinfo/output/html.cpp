@@ -32,13 +32,13 @@ std::string page_begin() {
 
 // With the controls of the script. The location is HTML about where the page belongs.
 std::string page_header(const Totals& totals, const std::string& location) {
-  std::string header = fmt::format(
+  std::string html = fmt::format(
       "</main>\n<header id=\"index\"><h1>Map documents</h1>\n{}<p class=\"soft\">{}, {}, "
       "{}{}</p>\n",
       location, plural(totals.documents, "document"), plural(totals.maps, "map"),
       plural(totals.layers, "layer"),
       totals.unreadable == 0 ? "" : fmt::format(", {} unreadable", totals.unreadable));
-  return header +
+  return html +
          "<div role=\"search\" id=\"tools\" hidden><label>Filter <input type=\"search\" "
          "id=\"filter\" autocomplete=\"off\"></label><button type=\"button\" id=\"open\">Open or "
          "close all</button><output id=\"found\"></output></div></header>\n";
