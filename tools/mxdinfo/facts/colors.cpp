@@ -8,9 +8,6 @@ namespace {
 
 using namespace mxd;
 
-// A color nested more deeply does not count.
-constexpr int max_depth = 8;
-
 std::optional<std::string> color_within(const Tmxd_symbol* symbol, int depth);
 
 // The color of the topmost layer that is drawn and has one.
@@ -24,7 +21,7 @@ std::optional<std::string> color_of_layers(const List& layers, int depth) {
 }
 
 std::optional<std::string> color_within(const Tmxd_symbol* symbol, int depth) {
-  if (!symbol || depth > max_depth) return std::nullopt;
+  if (!symbol || depth > max_symbol_depth) return std::nullopt;
   const auto nested = [depth](const Tmxd_symbol_slot& slot) {
     return color_within(slot.get(), depth + 1);
   };

@@ -58,6 +58,9 @@ std::string drawn_text(const mxd::Tmxd_renderer& renderer, const mxd::Feature_fa
 std::vector<const mxd::Tmxd_legend_group*> legend_groups(const mxd::Tmxd_renderer& renderer);
 std::size_t legend_class_count(const mxd::Tmxd_layer& layer);
 
+// Symbols nested more deeply are not drawn, and their colors and fonts do not count.
+constexpr int max_symbol_depth = 8;
+
 enum class Symbol_family { marker, line, fill };
 Symbol_family family_of(const mxd::Tmxd_symbol& symbol);
 // "simple fill symbol", "no symbol"

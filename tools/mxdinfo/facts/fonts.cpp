@@ -21,8 +21,7 @@ class Font_collector {
 
   // A symbol nested more deeply does not count.
   void add_symbol(const Tmxd_symbol* symbol, int depth = 0) {
-    constexpr int max_depth = 8;
-    if (!symbol || depth > max_depth) return;
+    if (!symbol || depth > max_symbol_depth) return;
     const auto nested = [&](const Tmxd_symbol_slot& slot) { add_symbol(slot.get(), depth + 1); };
     const auto layers = [&](const auto& list) {
       for (const Tmxd_symbol* layer : list) add_symbol(layer, depth + 1);

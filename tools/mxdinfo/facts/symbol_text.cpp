@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
-
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "symbology/symbol_classes.h"
@@ -13,10 +11,8 @@ namespace {
 
 using namespace mxd;
 
-template <std::size_t n>
-std::string name_at(const std::array<const char*, n>& names, std::int32_t index) {
-  const bool known = index >= 0 && static_cast<std::size_t>(index) < n;
-  return known ? names[static_cast<std::size_t>(index)] : fmt::format("style {}", index);
+std::string style_text(std::optional<std::string_view> name, std::int32_t style) {
+  return name ? std::string(*name) : fmt::format("style {}", style);
 }
 
 class Description {
@@ -48,7 +44,8 @@ class Description {
 
 Description text_of(const Tmxd_simple_marker_symbol& marker) {
   Description text(marker);
-  text.word(marker_style_name(marker.simple_marker_style)).color(marker.color);
+  text.word(style_text(marker_style_name(marker.simple_marker_style), marker.simple_marker_style))
+      .color(marker.color);
   text.points("size", marker.size).unless_zero("angle", marker.angle, "°");
   if (marker.outline_flag) {
     text.word("outline " + drawn_color(marker.outline_color).value_or("of no color"));
@@ -70,7 +67,7 @@ Description text_of(const Tmxd_arrow_marker_symbol& marker) {
 
 Description text_of(const Tmxd_simple_line_symbol& line) {
   Description text(line);
-  return text.word(line_style_name(line.line_type))
+  return text.word(style_text(line_style_name(line.line_type), line.line_type))
       .color(line.color_slot)
       .points("width", line.width);
 }
@@ -139,13 +136,13 @@ std::vector<const Tmxd_symbol*> pointers(const List& list) {
 
 }  // namespace
 
-std::string marker_style_name(std::int32_t style) {
+std::optional<std::string_view> marker_style_name(std::int32_t style) {
   return name_at(std::array{"circle", "square", "cross", "x", "diamond"}, style);
 }
 
-std::string line_style_name(std::int32_t style) {
+std::optional<std::string_view> line_style_name(std::int32_t style) {
   return name_at(
-      std::array{"solid", "dashed", "dotted", "dash-dot", "dash-dot-dot", "none", "inside frame"},
+      std::array{"solid", "dashed", "dotted", "dash-dot", "dash-dot-dot", "none", "inside-frame"},
       style);
 }
 

@@ -44,7 +44,7 @@ void add_coordinate_system(Collection& found, const Tmxd_coordinate_system* syst
 }
 
 // A thing of one kind, and who uses it.
-struct Row {
+struct Page_row {
   struct User {
     const Document_uses* document;
     const Page_use* use;
@@ -57,27 +57,27 @@ struct Row {
 };
 
 // The most used first.
-std::vector<Row> rows_of(Kind kind, const std::vector<const Document_uses*>& documents) {
-  std::map<std::string, Row> rows;
+std::vector<Page_row> rows_of(Kind kind, const std::vector<const Document_uses*>& documents) {
+  std::map<std::string, Page_row> rows;
   for (const Document_uses* document : documents) {
     for (const Page_use& use : document->uses) {
       if (use.kind != kind) continue;
-      Row& row = rows[fold_case(use.text)];
+      Page_row& row = rows[fold_case(use.text)];
       if (row.text.empty()) row.text = use.text;
       if (row.users.empty() || row.users.back().document != document) ++row.documents;
       if (use.layer != 0) ++row.layers;
       row.users.push_back({document, &use});
     }
   }
-  std::vector<Row> sorted;
+  std::vector<Page_row> sorted;
   for (auto& [key, row] : rows) sorted.push_back(std::move(row));
-  std::stable_sort(sorted.begin(), sorted.end(), [](const Row& a, const Row& b) {
+  std::stable_sort(sorted.begin(), sorted.end(), [](const Page_row& a, const Page_row& b) {
     return a.documents != b.documents ? a.documents > b.documents : a.layers > b.layers;
   });
   return sorted;
 }
 
-std::string links(const Row& row) {
+std::string links(const Page_row& row) {
   constexpr std::size_t max_links = 200;
   std::string list = "<ul>";
   for (std::size_t i = 0; i < std::min(row.users.size(), max_links); ++i) {
@@ -94,14 +94,14 @@ std::string links(const Row& row) {
   return list + "</ul>";
 }
 
-std::string table(std::string_view title, const std::vector<Row>& rows) {
+std::string table(std::string_view title, const std::vector<Page_row>& rows) {
   if (rows.empty()) return {};
   std::string text = fmt::format(
       "<details><summary>{0}: {1}</summary>\n<div><table><thead><tr><th scope=\"col\">{0}</th>"
       "<th scope=\"col\" class=\"n\">Documents</th><th scope=\"col\" class=\"n\">Layers</th></tr>"
       "</thead><tbody>\n",
       title, rows.size());
-  for (const Row& row : rows) {
+  for (const Page_row& row : rows) {
     text += fmt::format(
         "<tr><th scope=\"row\"><details><summary>{}</summary><noscript>{}</noscript></details></th>"
         "<td class=\"n\">{}</td><td class=\"n\">{}</td></tr>\n",

@@ -20,18 +20,16 @@ std::string inner_name(std::string_view type, std::string_view ending) {
   return std::string(type.substr(prefix.size(), type.size() - prefix.size() - ending.size()));
 }
 
-template <std::size_t n>
-Json name_at(const std::array<const char*, n>& names, std::int32_t index) {
-  const bool known = index >= 0 && static_cast<std::size_t>(index) < n;
-  return known ? Json(names[static_cast<std::size_t>(index)]) : Json(nullptr);
+Json name_json(std::optional<std::string_view> name) {
+  return name ? Json(*name) : Json(nullptr);
 }
 
 Json cap_json(std::int32_t cap) {
-  return name_at(std::array{"butt", "round", "square"}, cap);
+  return name_json(name_at(std::array{"butt", "round", "square"}, cap));
 }
 
 Json join_json(std::int32_t join) {
-  return name_at(std::array{"miter", "round", "bevel"}, join);
+  return name_json(name_at(std::array{"miter", "round", "bevel"}, join));
 }
 
 Json color_json(const Tmxd_color_slot& slot) {
@@ -83,8 +81,7 @@ double double_at(std::span<const std::uint8_t> bytes, std::size_t at) {
 }
 
 void add(Json& json, const Tmxd_simple_marker_symbol& symbol) {
-  json["style"] =
-      name_at(std::array{"circle", "square", "cross", "x", "diamond"}, symbol.simple_marker_style);
+  json["style"] = name_json(marker_style_name(symbol.simple_marker_style));
   json["color"] = color_json(symbol.color);
   json["size"] = symbol.size;
   json["angle"] = symbol.angle;
@@ -138,9 +135,7 @@ void add(Json& json, const Tmxd_picture_marker_symbol& symbol) {
 }
 
 void add(Json& json, const Tmxd_simple_line_symbol& symbol) {
-  json["style"] = name_at(
-      std::array{"solid", "dashed", "dotted", "dash-dot", "dash-dot-dot", "none", "inside-frame"},
-      symbol.line_type);
+  json["style"] = name_json(line_style_name(symbol.line_type));
   json["color"] = color_json(symbol.color_slot);
   json["width"] = symbol.width;
 }

@@ -43,7 +43,6 @@ Pose pose_at(const Path& path, double distance);
 // damaged document must not make a page of gigabytes.
 class Canvas {
  public:
-  static constexpr int max_depth = 8;
   // Layers of a multilayer symbol, and items of a dash pattern, that are drawn.
   static constexpr std::size_t max_parts = 100;
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <numbers>
 
+#include "mxdinfo/facts/facts.h"
 #include "mxdinfo/svg/svg.h"
 #include "symbology/symbol_classes.h"
 
@@ -94,7 +95,7 @@ void draw_picture(Canvas& canvas, const Box& box) {
 
 void draw_fill(Canvas& canvas, const Tmxd_symbol* symbol, const Box& box, int level) {
   if (!canvas.step()) return;
-  if (!symbol || level > Canvas::max_depth) {
+  if (!symbol || level > max_symbol_depth) {
     canvas.unknown(box, symbol ? "not drawn: nested too deeply" : "no fill was read");
     return;
   }

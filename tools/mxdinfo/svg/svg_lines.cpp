@@ -7,6 +7,7 @@
 #include <numbers>
 #include <span>
 
+#include "mxdinfo/facts/facts.h"
 #include "mxdinfo/svg/svg.h"
 #include "symbology/symbol_classes.h"
 
@@ -185,7 +186,7 @@ Box box_of(const Path& path) {
 
 void draw_line(Canvas& canvas, const Tmxd_symbol* symbol, const Path& path, int level) {
   if (!canvas.step()) return;
-  if (!symbol || level > Canvas::max_depth) {
+  if (!symbol || level > max_symbol_depth) {
     canvas.unknown(box_of(path), symbol ? "not drawn: nested too deeply" : "no line was read");
     return;
   }
@@ -209,7 +210,7 @@ void draw_line(Canvas& canvas, const Tmxd_symbol* symbol, const Path& path, int 
 }
 
 double line_reach(const Tmxd_symbol* symbol, int level) {
-  if (!symbol || level > Canvas::max_depth) return 0;
+  if (!symbol || level > max_symbol_depth) return 0;
   const auto reach = [](double width, double offset) {
     return bounded(width) / 2 + std::abs(bounded(offset));
   };

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/marker_shapes.h"
 #include "mxdinfo/svg/svg.h"
 #include "symbology/symbol_classes.h"
@@ -217,7 +218,7 @@ void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Pose& pose, in
   if (!canvas.step()) return;
   const std::string moved = transform_of({pose.at.x, -pose.at.y, pose.angle});
   if (!canvas.open(moved.empty() ? "<g>" : fmt::format(R"(<g transform="{}">)", moved))) return;
-  if (!symbol || level > Canvas::max_depth) {
+  if (!symbol || level > max_symbol_depth) {
     canvas.unknown(box_around(8), symbol ? "not drawn: nested too deeply" : "no marker was read");
   } else {
     draw_content(canvas, *symbol, level);
@@ -226,7 +227,7 @@ void draw_marker(Canvas& canvas, const Tmxd_symbol* symbol, const Pose& pose, in
 }
 
 double marker_reach(const Tmxd_symbol* symbol, int level) {
-  if (!symbol || level > Canvas::max_depth) return 0;
+  if (!symbol || level > max_symbol_depth) return 0;
   const auto reach = [&](double size) {
     const Placement placement = placement_of(*symbol);
     return bounded(size) / 2 +
