@@ -8,35 +8,30 @@ import subprocess
 import unittest
 from typing import Any, Optional
 
-from support import MXDINFO, SAMPLE, SHARED, Case, feature_layer, simple, symbol
+from support import MXDINFO, SAMPLE, SHARED, Case, classes, drawn, symbol
 
 from qgis.core import (
     QgsFeature,
     QgsProject,
     QgsRenderContext,
-    QgsUnitTypes,
     QgsVectorFileWriter,
     QgsVectorLayer,
-    QgsWkbTypes,
 )
+from qgis.PyQt.QtCore import QSize
 
 from arcmap_documents.conversion import FileNames
 from arcmap_documents.labels import converted
 from arcmap_documents.layers import subset
 from arcmap_documents.losses import Losses
 from arcmap_documents.reader import (
-    CoordinateSystem,
     Document,
-    LabelClass,
-    Labels,
-    LegendClass,
     ReadError,
     Renderer,
     Source,
     document_of,
     find_mxdinfo,
 )
-from arcmap_documents.renderers import bounds, renderer_of
+from arcmap_documents.renderers import bounds, renderer_of, symbol_of
 from arcmap_documents.sources import Places, existing, find, locate, mapped
 
 
@@ -49,11 +44,6 @@ def points(*rows: tuple[Any, ...]) -> QgsVectorLayer:
         feature.setAttributes(list(row))
         layer.dataProvider().addFeatures([feature])
     return layer
-
-
-def classes(*sizes: float, **fields: Any) -> list[LegendClass]:
-    symbols = [symbol("simple_marker", size=size) for size in sizes]
-    return [LegendClass(label=f"{each['size']:g}", symbol=each, **fields) for each in symbols]
 
 
 class Renderers(Case):
@@ -143,58 +133,6 @@ class Renderers(Case):
         self.assertEqual(4, len(self.losses.all()), [loss.text() for loss in self.losses.all()])
 
 
-class Saved(Case):
-    def test_renderers(self) -> None:
-        values = classes(1, 2, 3, heading="Kind")
-        values[0].values, values[1].values = [["a", "1"], ["b", "1"]], [["c", "2"]]
-        values[2].all_other_values = True
-        breaks = classes(9, 5)
-        breaks[0].min, breaks[0].max, breaks[1].min, breaks[1].max = 10.5, 20.0, 0.0, 10.0
-        one, unique, ranged = self.saved(
-            feature_layer("one", simple(symbol("simple_line", width=3.0))),
-            feature_layer("unique", Renderer("unique_values", ["t", "u"], None, values)),
-            feature_layer("ranged", Renderer("class_breaks", ["n"], "d", breaks)),
-        )
-        self.assertEqual(3.0, one.renderer().symbol().width())
-        self.assertEqual(
-            [(["a, 1", "b, 1"], "1", 1.0), ("c, 2", "2", 2.0), ("", "3", 3.0)],
-            [(each.value() or "", each.label(), each.symbol().size())
-             for each in unique.renderer().categories()],
-        )  # fmt: skip
-        self.assertIn('to_string("t")', unique.renderer().classAttribute())
-        self.assertEqual('"n" / "d"', ranged.renderer().classAttribute())
-        ranges = ranged.renderer().ranges()
-        found = [(each.upperValue(), each.label(), each.symbol().size()) for each in ranges]
-        self.assertEqual([(20.0, "9", 9.0), (10.0, "5", 5.0)], found)
-        self.assertTrue(0.0 == ranges[1].lowerValue() and 10.0 < ranges[0].lowerValue() < 10.5)
-        self.assertTrue(ranged.renderer().orderByEnabled())
-
-    def test_layers(self) -> None:
-        font = {"name": "DejaVu Sans", "size": 11.0}
-        labels = Labels(False, [LabelClass('[N] & "!"', "#102030", font)])
-        system = CoordinateSystem("projected", "UTM", 32648, None)
-        made = feature_layer(
-            "made", simple(symbol("simple_fill")), min_scale=5000.0, max_scale=100.0,
-            visible=False, definition_query="[N] = '[1]'", display_field="N", labels=labels,
-            coordinate_system=system,
-        )  # fmt: skip
-        (layer,) = self.saved(made)
-        self.assertEqual((5000.0, 100.0), (layer.minimumScale(), layer.maximumScale()))
-        self.assertTrue(layer.hasScaleBasedVisibility())
-        self.assertEqual("\"N\" = '[1]'", layer.subsetString())
-        self.assertTrue(layer.source().endswith("|subset=\"N\" = '[1]'"), layer.source())
-        self.assertEqual('"N"', layer.displayExpression())
-        self.assertEqual("EPSG:32648", layer.crs().authid())
-        self.assertFalse(QgsProject.instance().layerTreeRoot().findLayer(layer).isVisible())
-        settings = layer.labeling().settings()
-        self.assertEqual("concat(\"N\", '!')", settings.fieldName)
-        text = settings.format()
-        self.assertEqual(("#102030", 11.0, "DejaVu Sans"),
-                         (text.color().name(), text.size(), text.font().family()))  # fmt: skip
-        self.assertEqual(QgsUnitTypes.RenderPoints, text.sizeUnit())
-        self.assertFalse(layer.labelsEnabled())
-
-
 class Parts(Case):
     def test_label_expressions(self) -> None:
         cases = {
@@ -265,6 +203,17 @@ class Parts(Case):
         stems = [names.stem_for(path, "out") for path in ("a/Plan.mxd", "b/plan.mxd", "c/CON?.mxd")]
         self.assertEqual(["out/Plan", "out/plan 2", "out/CON_"], stems)
 
+    def test_numbers_that_mean_nothing_do_no_harm(self) -> None:
+        nothing = {"size": None, "angle": None, "offset_x": float("inf"), "offset_y": 1e300}
+        made = symbol_of(symbol("simple_marker", **nothing), None, self.losses)
+        drawn(made, [(32.0, 32.0)], QSize(64, 64))
+        line_fill = symbol("line_fill", separation=0.0, pattern=symbol("simple_line"))
+        made = symbol_of(line_fill, None, self.losses)
+        self.assertGreater(made.symbolLayer(0).distance(), 0)
+        for kind in ("multilayer_marker", "multilayer_line", "multilayer_fill"):
+            self.assertEqual(1, symbol_of(symbol(kind), None, self.losses).symbolLayerCount())
+        self.assertIsNotNone(symbol_of(None, "point", self.losses))
+
     def test_queries_and_versions(self) -> None:
         self.assertEqual("\"A\" = 1 AND B = '[x]'", subset("[A] = 1 AND B = '[x]'"))
         with self.assertRaises(ReadError):
@@ -278,39 +227,6 @@ def json_of(document: str) -> dict[str, Any]:
 
 
 class Sample(Case):
-    def test_the_sample_without_its_data(self) -> None:
-        project = self.reopened(SAMPLE)
-        groups = [node.name() for node in project.layerTreeRoot().children()]
-        self.assertEqual(["Layers", "Inset"], groups)
-        rivers, towns = self.layer(project, "Rivers & canals"), self.layer(project, "Towns")
-        self.assertFalse(rivers.isValid())
-        self.assertEqual(QgsWkbTypes.LineGeometry, rivers.geometryType())
-        self.assertEqual("C:/data/base/rivers.shp", rivers.source())
-        self.assertEqual("C:/data/town.gdb|layername=towns", towns.source())
-        self.assertEqual(
-            (500000.0, 10000.0, True),
-            (rivers.minimumScale(), rivers.maximumScale(), rivers.hasScaleBasedVisibility()),
-        )
-        self.assertFalse(project.layerTreeRoot().findLayer(towns).isVisible())
-        self.assertEqual("EPSG:32633", project.crs().authid() or "EPSG:32633")
-        self.assertEqual(
-            [
-                "MarkerLine",
-                "HashLine",
-                "HashLine",
-                "SimpleLine",
-                "MarkerLine",
-                "MarkerLine",
-                "SimpleLine",
-            ],
-            [each.layerType() for each in rivers.renderer().symbol().symbolLayers()],
-        )
-        values = [each.value() for each in towns.renderer().categories()]
-        self.assertEqual(["capital, yes, 9", "town, no, 5"], values[1:])
-        ranges = self.layer(project, "Land use").renderer().ranges()
-        self.assertEqual(["little", "some", "much"], [each.label() for each in ranges])
-        self.assertEqual([10.0, 50.0, 100.0], [each.upperValue() for each in ranges])
-
     def test_the_sample_with_data_made_for_it(self) -> None:
         layer = QgsVectorLayer("Polygon?field=WOODS:double", "landuse", "memory")
         options = QgsVectorFileWriter.SaveVectorOptions()

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import json
 import os
 import sys
 import tempfile
@@ -37,58 +38,33 @@ from arcmap_documents.reader import (  # noqa: E402
     Map,
     Renderer,
     Source,
+    document_of,
 )
 from arcmap_documents.sources import Places  # noqa: E402
 
 MXDINFO = os.environ.get("MXDINFO", "mxdinfo")
 SAMPLE = os.path.join(ROOT, "examples", "sample.mxd")
+GOLDEN = os.path.join(ROOT, "tests", "golden")
 SHARED = os.path.join(ROOT, os.pardir, "shared")
 
 # One for all tests: QGIS cannot be started twice.
 APPLICATION = QgsApplication([], False)
 APPLICATION.initQgis()
 
-BLACK = {"rgb": "#000000", "off": False, "dither": False, "model": "rgb"}
-RED = {**BLACK, "rgb": "#ff0000"}
-OFF = {**RED, "off": True}
-_COMMON = {"enabled": True, "locked": False, "tag": ""}
-_PLACE = {"angle": 0.0, "offset_x": 0.0, "offset_y": 0.0}
-
+RED = {"rgb": "#ff0000", "off": False, "dither": False, "model": "rgb"}
+_MARKER = {"color": RED, "size": 8.0, "angle": 0.0, "offset_x": 0.0, "offset_y": 0.0}
 _DEFAULTS: dict[str, dict[str, Any]] = {
-    "simple_marker": {"style": "circle", "color": RED, "size": 8.0, **_PLACE, "outline": False,
-                      "outline_width": 0.0, "outline_color": None},
-    "char_marker": {"character": 33, "font_name": "ESRI Default Marker", "font": None,
-                    "shape": {"name": "circle", "filled": True, "size": 0.75},
-                    "color": RED, "size": 10.0, **_PLACE},
-    "arrow_marker": {"color": RED, "size": 12.0, "width": 6.0, **_PLACE},
-    "picture_marker": {"size": 12.0, **_PLACE, "colors": []},
-    "multilayer_marker": {"layers": []},
+    "simple_marker": {**_MARKER, "style": "circle", "outline": False, "outline_color": None},
+    "arrow_marker": {**_MARKER, "width": 6.0},
     "simple_line": {"style": "solid", "color": RED, "width": 2.0},
-    "cartographic_line": {"color": RED, "width": 2.0, "offset": 0.0, "cap": "butt",
-                          "join": "miter", "template": None, "decorations": []},
-    "hash_line": {"color": RED, "width": 10.0, "angle": 90.0, "offset": 0.0, "cap": "butt",
-                  "join": "miter", "template": None, "line": None},
-    "marker_line": {"offset": 0.0, "template": None, "marker": None},
-    "multilayer_line": {"layers": []},
     "simple_fill": {"color": RED, "outline": None},
-    "line_fill": {"angle": 0.0, "offset": 0.0, "separation": 8.0, "pattern": None,
-                  "outline": None},
-    "marker_fill": {"random": False, "offset_x": 0.0, "offset_y": 0.0, "separation_x": 10.0,
-                    "separation_y": 12.0, "marker": None, "outline": None},
-    "picture_fill": {"colors": [RED], "outline": None},
-    "multilayer_fill": {"layers": []},
-}  # fmt: skip
+    "line_fill": {"angle": 0.0, "offset": 0.0, "outline": None},
+}
 
 
 def symbol(kind: str, **fields: Any) -> dict[str, Any]:
     """A symbol as JSON has it, with the given fields."""
-    return {"kind": kind, **_COMMON, **_DEFAULTS[kind], **fields}
-
-
-def template(*lengths: float, interval: float = 1.0) -> dict[str, Any]:
-    """Filled and empty lengths in turn."""
-    items = [{"filled": f, "empty": e} for f, e in zip(lengths[::2], lengths[1::2])]
-    return {"interval": interval, "items": items}
+    return {"kind": kind, "enabled": True, **_DEFAULTS.get(kind, {"layers": []}), **fields}
 
 
 def pixels_of(image: QImage) -> Any:
@@ -127,6 +103,12 @@ def drawn(
     return image
 
 
+def document(name: str, arial: str = "Arial") -> Document:
+    """From the golden JSON of mxdinfo, with another font in the place of Arial."""
+    with open(os.path.join(GOLDEN, "mxdinfo", f"{name}.json"), encoding="utf-8") as file:
+        return document_of(json.loads(file.read().replace('"Arial"', f'"{arial}"')))
+
+
 def feature_layer(name: str, renderer: Renderer, **fields: Any) -> Layer:
     """A layer whose data is missing, of the geometry that its first symbol needs."""
     kind = renderer.classes[0].symbol["kind"].rsplit("_", 1)[1]  # type: ignore[index]
@@ -137,6 +119,11 @@ def feature_layer(name: str, renderer: Renderer, **fields: Any) -> Layer:
 
 def simple(drawn_with: dict[str, Any]) -> Renderer:
     return Renderer("simple", classes=[LegendClass(symbol=drawn_with)])
+
+
+def classes(*sizes: float, **fields: Any) -> list[LegendClass]:
+    symbols = [symbol("simple_marker", size=size) for size in sizes]
+    return [LegendClass(label=f"{each['size']:g}", symbol=each, **fields) for each in symbols]
 
 
 class Case(unittest.TestCase):
@@ -160,16 +147,13 @@ class Case(unittest.TestCase):
         self.assertTrue(project.read(result.project))
         return project
 
-    def saved(self, *layers: Layer) -> list[QgsVectorLayer]:
-        """The layers of a document without data, as QGIS reads them from the project's file."""
-        project, path = QgsProject(), os.path.join(self.folder, "saved.qgz")
-        document = Document(os.path.join(self.folder, "a.mxd"), maps=[Map("Map", layers=[*layers])])
-        Builder(project, document, Places(), self.losses).build()
-        self.assertTrue(project.write(path))
+    def save_and_reopen(self, document: Document, places: Places) -> None:
+        """Makes the project of the document the one that QGIS has open, read from its file."""
+        project, document.path = QgsProject(), os.path.join(self.folder, "saved.mxd")
+        Builder(project, document, places, self.losses).build()
+        self.assertTrue(project.write(f"{document.path}.qgz"))
         project.clear()
-        project = QgsProject.instance()
-        self.assertTrue(project.read(path))
-        return [node.layer() for node in project.layerTreeRoot().findLayers()]
+        self.assertTrue(QgsProject.instance().read(f"{document.path}.qgz"))
 
     def layer(self, project: QgsProject, name: str) -> QgsVectorLayer:
         return project.mapLayersByName(name)[0]

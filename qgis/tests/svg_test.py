@@ -5,21 +5,20 @@ from __future__ import annotations
 import copy
 import os
 import re
-import subprocess
 import unittest
-from typing import Any, Iterator
+from typing import Any, Callable, Iterator
 from unittest import mock
 
 import numpy
 
-from support import MXDINFO, SAMPLE, Case, drawn, pixels_of
+from support import GOLDEN, Case, document, drawn, pixels_of
 
 from qgis.core import QgsLineSymbol, QgsMarkerSymbol
 from qgis.PyQt.QtCore import QByteArray, QSize, Qt
 from qgis.PyQt.QtGui import QFont, QFontInfo, QImage, QPainter
 from qgis.PyQt.QtSvg import QSvgRenderer
 
-from arcmap_documents.reader import Symbol, read
+from arcmap_documents.reader import LegendClass, Symbol
 from arcmap_documents.renderers import symbol_of
 
 # Of a picture, in points, and its pixels to the point.
@@ -27,9 +26,14 @@ WIDTH, HEIGHT, SCALE = 48, 24, 8
 AREA = [(2.0, 2.0), (46.0, 2.0), (46.0, 22.0), (2.0, 22.0), (2.0, 2.0)]
 
 
-def page_pictures() -> list[str]:
-    page = subprocess.run([MXDINFO, "-q", "-f", "html", SAMPLE], capture_output=True, check=True)
-    return re.findall(r'<svg class="swatch".*?</title>(.*)</svg>', page.stdout.decode())
+def entries(name: str, page: str) -> list[tuple[LegendClass, str]]:
+    """The classes of a document's legends, each with its picture on the page."""
+    maps = document(name).maps
+    with open(os.path.join(GOLDEN, "mxdinfo", page), encoding="utf-8") as file:
+        pictures = re.findall(r'<svg class="swatch".*?</title>(.*)</svg>', file.read())
+    renderers = [layer.renderer for each in maps for layer in each.layers if layer.renderer]
+    found = [entry for each in renderers for entry in each.classes if entry.symbol]
+    return list(zip(found, pictures))
 
 
 def without_margin(image: QImage) -> Any:
@@ -104,57 +108,77 @@ def differences(one: Any, other: Any) -> tuple[float, float, float]:
     )
 
 
+# A fault of each field of a symbol.
+FAULTS: dict[str, Callable[[Any], Any]] = {
+    "rgb": lambda rgb: f"#{rgb[5:]}{rgb[1:3]}ff",
+    "angle": lambda angle: angle + 25.0,
+    **dict.fromkeys(("offset", "offset_x", "offset_y"), lambda offset: -offset or 3.0),
+    **dict.fromkeys(("size", "width", "outline_width", "separation"), lambda length: 1.5 * length),
+    **dict.fromkeys(("flip_first", "flip_all", "filled", "outline"), lambda flag: not flag),
+}
+
+
 def faults(symbol: Symbol) -> Iterator[Symbol]:
-    """Copies of the symbol, each with one color or angle changed."""
+    """Copies of the symbol, each with one fault."""
 
     def paths(value: Any, path: tuple[Any, ...]) -> Iterator[tuple[Any, ...]]:
         items = value.items() if isinstance(value, dict) else enumerate(value)
         for key, each in items:
-            if key in ("rgb", "angle") and each is not None:
-                yield (*path, key)
-            elif isinstance(each, (dict, list)) and key != "font":
+            if isinstance(each, (dict, list)) and key != "font":
                 yield from paths(each, (*path, key))
+            elif key in FAULTS and each is not None:
+                yield (*path, key)
 
     for *path, key in paths(symbol, ()):
         changed = copy.deepcopy(symbol)
         part = changed
         for step in path:
             part = part[step]
-        part[key] = f"#{part[key][5:]}{part[key][1:3]}ff" if key == "rgb" else part[key] + 25.0
+        part[key] = FAULTS[key](part[key])
         yield changed
 
 
 # The largest differences of each symbol, and how many of its faults are seen: all but those of
 # layers and colors that are switched off. Letters have other sizes, and dashes begin elsewhere.
-EXPECTED = [
-    ("multilayer_line", (0.1, 0.05, 0.1), 6),
-    ("simple_marker", (0.15, 0.05, 0.1), 2),
-    ("multilayer_marker", (0.45, 0.12, 0.4), 4),
-    ("char_marker", (0.45, 0.12, 0.4), 2),
-    ("simple_fill", (0.05, 0.02, 0.1), 2),
-    ("marker_fill", (1.0, 0.12, 0.4), 3),
-    ("multilayer_fill", (0.33, 0.045, 1.0), 3),
-]
+EXACT = (0.1, 0.05, 0.1)
+EXPECTED = {
+    "River": (EXACT, 22),
+    "other places": ((0.15, 0.05, 0.1), 7),
+    "Capital": ((0.45, 0.12, 0.4), 11),
+    "Town": ((0.45, 0.12, 0.4), 5),
+    "little": (EXACT, 3),
+    "some": ((1.0, 0.12, 0.4), 4),
+    "much": ((0.33, 0.045, 1.0), 6),
+    "marker style 0": (EXACT, 5),
+    "marker style 1": (EXACT, 8),
+    "marker style 4": (EXACT, 6),
+    "line style 1": (EXACT, 2),
+    "dashed road": (EXACT, 5),
+    "hash line": (EXACT, 7),
+    "plain fill": (EXACT, 3),
+    "hatched fill": ((0.3, 0.05, 0.1), 6),
+}
 
 
 class BesideThePage(Case):
     def test_symbols_look_as_on_the_page_and_faults_are_seen(self) -> None:
-        maps = read(MXDINFO, SAMPLE).maps
-        renderers = [layer.renderer for each in maps for layer in each.layers if layer.renderer]
-        symbols = [entry.symbol for each in renderers for entry in each.classes if entry.symbol]
-        pictures = page_pictures()
-        self.assertEqual([kind for kind, _, _ in EXPECTED], [each["kind"] for each in symbols])
-        self.assertEqual(len(symbols), len(pictures))
-        for symbol, picture, (kind, limits, seen) in zip(symbols, pictures, EXPECTED):
-            theirs = of_page(picture)
+        of_sample = entries("document", "page.html")
+        self.assertEqual(7, len(of_sample))
+        compared = 0
+        for entry, picture in of_sample + entries("gallery", "gallery.html"):
+            if entry.label not in EXPECTED:
+                continue
+            theirs, (limits, seen) = of_page(picture), EXPECTED[entry.label]
 
             def is_alike(drawn: Symbol) -> bool:
                 found = differences(theirs, of_qgis(drawn, self.losses))
                 return all(each <= limit for each, limit in zip(found, limits))
 
-            with self.subTest(kind):
-                self.assertTrue(is_alike(symbol), differences(theirs, of_qgis(symbol, self.losses)))
-                self.assertEqual(seen, sum(not is_alike(each) for each in faults(symbol)))
+            with self.subTest(entry.label):
+                self.assertTrue(is_alike(entry.symbol))
+                self.assertEqual(seen, sum(not is_alike(each) for each in faults(entry.symbol)))
+            compared += 1
+        self.assertEqual(len(EXPECTED), compared)
 
 
 if __name__ == "__main__":

@@ -99,6 +99,7 @@ class Gallery {
     add("character", character("A <b> \"c\"", 0x2665, 8, 0));
     add("half a character", character("Arial", 0xD800, 8, 0));
     add("large character", character("Arial", 'x', 60, 12));
+    add("shape", character("ESRI Default Marker", 33, 10, 0));
     add("large arrow", arrow(20, 50));
     add("layered marker", layered_marker());
   }
@@ -134,7 +135,7 @@ class Gallery {
     for (int style = 0; style <= 7; ++style) {
       add("line style " + std::to_string(style), line(style));
     }
-    const Bytes positions = Packed{3, -0.5, 0.25, 1.5};
+    const Bytes positions = Packed{4, -0.5, 0.25, 1.5, 1.0};
     add("plain road", road(0, 0, zeros, zeros));
     add("dashed road", road(1, 3, dashes(), zeros));
     add("decorated road", road(2, -3, zeros, decoration(1, 0, 0, positions)));
@@ -143,8 +144,9 @@ class Gallery {
     add("marker line", marker_line());
   }
 
-  Bytes fill(const Bytes& outline) {
-    return numbers_.object<Tmxd_simple_fill_symbol>(1, Packed{outline, color(90), trailer(), 0});
+  Bytes fill(const Bytes& outline, int unused = 0) {
+    return numbers_.object<Tmxd_simple_fill_symbol>(
+        1, Packed{outline, color(90, unused), trailer(), 0});
   }
   Bytes hatched_fill() {
     return numbers_.object<Tmxd_line_fill_symbol>(
@@ -158,7 +160,7 @@ class Gallery {
   void add_fills() {
     add("plain fill", fill(line()));
     add("fill with arrows around",
-        fill(road(1, 0, zeros, decoration(0, 0, 0, Packed{2, 0.3, 0.6}))));
+        fill(road(1, 0, zeros, decoration(0, 0, 0, Packed{2, 0.3, 0.6})), 255));
     add("hatched fill", hatched_fill());
     add("even markers", marker_fill(0));
     add("random markers", marker_fill(1));
