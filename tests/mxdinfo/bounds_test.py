@@ -8,8 +8,7 @@ import re
 import subprocess
 import unittest
 
-import documents
-from support import MXDINFO, Case
+from support import Case, made, named
 
 BASE = 1 << 20
 PER_BYTE = 16
@@ -19,8 +18,8 @@ CUT = "the output is too long and was cut"
 class Bounds(Case):
     def test_outputs_are_cut_and_the_cut_is_a_loss(self):
         # Each loss and each path has the names of all groups.
-        path = self.write("big.mxd", documents.made("long_paths"))
-        bound = BASE + PER_BYTE * os.path.getsize(path)
+        path = self.write("big.mxd", made("long_paths"))
+        bound = BASE + PER_BYTE * os.path.getsize(self.path(path))
         for arguments in (["--layers"], ["--losses"], ["-f", "csv"], ["-f", "csv", "--losses"],
                           ["-f", "json"], ["-f", "ndjson"], ["-f", "json", "--losses"],
                           ["-f", "html"]):
@@ -41,22 +40,21 @@ class Bounds(Case):
         self.page_of("--strict", path, code=3)
 
     def test_messages_are_bounded(self):
-        path = self.write("big.mxd", documents.made("long_paths"))
+        path = self.write("big.mxd", made("long_paths"))
         errors = self.run_mxdinfo(path)[1]
         self.assertLess(len(errors), BASE + 1000)
         self.assertTrue(errors.endswith(": and more\n"))
 
     def test_dash_patterns(self):
-        path = self.write("dashes.mxd", documents.made("dashes"))
+        path = self.write("dashes.mxd", made("dashes"))
         page = self.run_mxdinfo("-f", "html", path)[0]
         patterns = re.findall(r'stroke-dasharray="([^"]*)"', page)
         self.assertEqual([200], [len(pattern.split()) for pattern in patterns])
 
     def address_space(self, jobs):
         """In KiB, while a thread waits for standard input."""
-        with subprocess.Popen([MXDINFO, "-q", "-j", jobs, "a.mxd", "-"], stdin=subprocess.PIPE,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              cwd=self.folder) as process:
+        with self.start("-q", "-j", jobs, "a.mxd", "-", stdin=subprocess.PIPE,
+                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as process:
             process.stdout.read(1)  # of the first document
             with open(f"/proc/{process.pid}/status", encoding="ascii") as file:
                 size = re.search(r"VmSize:\s*(\d+)", file.read())
@@ -66,7 +64,7 @@ class Bounds(Case):
     @unittest.skipUnless(os.path.exists("/proc/self/status"), "no sizes of processes")
     def test_no_more_threads_than_files(self):
         # The output is written in pieces: one must be full before the second document.
-        self.write("a.mxd", documents.document("x" * 4000))
+        self.write("a.mxd", named("x" * 4000))
         self.assertLess(self.address_space("256") - self.address_space("2"), 500_000)
 
 

@@ -7,8 +7,7 @@ import subprocess
 import time
 import unittest
 
-import documents
-from support import MXDINFO, SAMPLE, Case
+from support import MXDINFO, SAMPLE, Case, named
 
 OLD = "the old file\n"
 
@@ -19,13 +18,12 @@ class Failures(Case):
         self.write("out", OLD.encode())
 
     def out(self):
-        with open(os.path.join(self.folder, "out"), encoding="utf-8") as file:
-            return file.read()
+        return self.read("out").decode()
 
     def limited(self, *arguments, limit, value, restore_signals=True):
         """Exit code and standard error of a run with a limited resource."""
         result = subprocess.run(
-            [MXDINFO, *arguments], capture_output=True, check=False, cwd=self.folder,
+            [*MXDINFO, *arguments], capture_output=True, check=False, cwd=self.folder,
             restore_signals=restore_signals,
             preexec_fn=lambda: resource.setrlimit(limit, (value, value)))
         return result.returncode, result.stderr.decode()
@@ -40,8 +38,7 @@ class Failures(Case):
             for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
                 signal.signal(number, signal.SIG_DFL)
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
-            process = subprocess.Popen([MXDINFO, "-o", "out", "-"], stdin=subprocess.PIPE,
-                                       cwd=self.folder, preexec_fn=restore)
+            process = self.start("-o", "out", "-", stdin=subprocess.PIPE, preexec_fn=restore)
             deadline = time.monotonic() + 20
             while len(os.listdir(self.folder)) < 2 and time.monotonic() < deadline:
                 time.sleep(0.01)
@@ -62,12 +59,14 @@ class Failures(Case):
                                         restore_signals=False)
             self.assertEqual((1, "mxdinfo: out: cannot be written\n"), (code, errors))
             self.expect_old_file()
+        if os.path.exists("/dev/full"):
+            self.run_mxdinfo("-f", "json", "-o", "/dev/full", SAMPLE, code=1)
 
     def test_scarce_memory(self):
         most = 90
         if self.limited("--version", limit=resource.RLIMIT_AS, value=most << 20)[0] != 0:
             self.skipTest("a sanitizer reserves more memory than that; .ci/run tests the release build")
-        good = documents.document("good")
+        good = named("good")
         for i in range(8):
             self.write(f"many/{i}.mxd", good)
         ends = set()
@@ -87,42 +86,35 @@ class Failures(Case):
         self.assertIn(0, ends)
 
     def test_the_output_file_keeps_its_mode_and_links(self):
-        path = os.path.join(self.folder, "out")
-        os.chmod(path, 0o640)
-        os.symlink("out", os.path.join(self.folder, "link"))
+        os.chmod(self.path("out"), 0o640)
+        os.symlink("out", self.path("link"))
         self.run_mxdinfo("-o", "link", SAMPLE)
-        self.assertTrue(os.path.islink(os.path.join(self.folder, "link")))
-        self.assertEqual(0o640, os.stat(path).st_mode & 0o777)
+        self.assertTrue(os.path.islink(self.path("link")))
         self.assertIn("Map \"Layers\"", self.out())
-        old_mask = os.umask(0o027)
-        self.run_mxdinfo("-o", "new", SAMPLE)
-        os.umask(old_mask)
-        self.assertEqual(0o640, os.stat(os.path.join(self.folder, "new")).st_mode & 0o777)
+        self.run_mxdinfo("-o", "new", SAMPLE, umask=0o027)
+        for name in ("out", "new"):
+            self.assertEqual(0o640, os.stat(self.path(name)).st_mode & 0o777)
 
     def test_a_pipe_without_a_reader(self):
-        os.mkfifo(os.path.join(self.folder, "pipe"))
+        os.mkfifo(self.path("pipe"))
         for form in ("csv", "xml"):
             self.assertIn("cannot be written",
                           self.run_mxdinfo("-f", form, "-o", "pipe", SAMPLE, code=1)[1])
 
     def test_an_input_is_never_overwritten(self):
-        good = documents.document("good")
-        self.write("d.mxd", good)
-        self.write("list", b"d.mxd\n")
-        for stdin, arguments in (("d.mxd", ("-f", "csv", "-", "-o", "d.mxd")),
-                                 ("list", ("--files-from", "-", "-o", "list")),
-                                 (os.devnull, ("--files-from", "list", "-o", "list")),
-                                 (os.devnull, ("--files-from", "list", "-o", "./d.mxd")),
-                                 (os.devnull, ("-o", b"\xf0", b"\xf0"))):
-            self.write(b"\xf0".decode("utf-8", "surrogateescape"), good)
-            with open(os.path.join(self.folder, stdin), "rb") as file:
-                result = subprocess.run([MXDINFO, *arguments], stdin=file, capture_output=True,
-                                        check=False, cwd=self.folder)
-            self.assertEqual(2, result.returncode, arguments)
-            self.assertIn(b"is an input", result.stderr)
-        for name, data in (("d.mxd", good), ("list", b"d.mxd\n")):
-            with open(os.path.join(self.folder, name), "rb") as file:
-                self.assertEqual(data, file.read())
+        inputs = {"d.mxd": named("good"), "list": b"d.mxd\n", os.fsdecode(b"\xf0"): named("good")}
+        for name, data in inputs.items():
+            self.write(name, data)
+        for stdin, *arguments in (("d.mxd", "-f", "csv", "-", "-o", "d.mxd"),
+                                  ("list", "--files-from", "-", "-o", "list"),
+                                  ("d.mxd", "--files-from", "list", "-o", "list"),
+                                  ("d.mxd", "--files-from", "list", "-o", "./d.mxd"),
+                                  ("d.mxd", "-o", b"\xf0", b"\xf0")):
+            with open(self.path(stdin), "rb") as file:
+                errors = self.run_mxdinfo(*arguments, code=2, input=None, stdin=file)[1]
+            self.assertIn("is an input", errors)
+        for name, data in inputs.items():
+            self.assertEqual(data, self.read(name))
 
 
 if __name__ == "__main__":

@@ -1,9 +1,9 @@
-// Writes one of the documents for the tests of mxdinfo to standard output:
-//   make_documents sample | gallery | facts | lossy | deep | long_paths | dashes
-//   make_documents named NAME WORKSPACE DATASET FEATURE_DATASET HIDDEN
+// Writes one of the documents for the tests of mxdinfo:
+//   make_documents FILE sample | gallery | facts | lossy | deep | long_paths | dashes
+//   make_documents FILE named NAME WORKSPACE DATASET FEATURE_DATASET HIDDEN
 // These are UTF-16LE texts in hexadecimal digits: that of every other name in the document, those
-// of its layer's data, and bytes after the map.
-#include <cstdio>
+// of its layer's data, and one after the map.
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -69,27 +69,11 @@ class Gallery {
   }
   // The topmost layer, which is the first, is switched off; the last one is locked.
   Bytes layered_marker() {
-    return numbers_.object<Tmxd_multilayer_marker_symbol>(2, Packed{trailer(),
-                                                                    0.0,
-                                                                    0.0,
-                                                                    0.0,
-                                                                    0.0,
-                                                                    color(5),
-                                                                    0,
-                                                                    0.0,
-                                                                    marker(0, 3),
-                                                                    3,
-                                                                    marker(0, 4, 0),
-                                                                    arrow(9, 3),
-                                                                    picture(),
-                                                                    0,
-                                                                    1,
-                                                                    1,
-                                                                    0,
-                                                                    0,
-                                                                    1,
-                                                                    0.0,
-                                                                    0.0});
+    const Bytes base = Packed{trailer(), 0.0, 0.0, 0.0, 0.0, color(5), 0, 0.0, marker(0, 3)};
+    const Bytes layers = Packed{3, marker(0, 4, 0), arrow(9, 3), picture()};
+    const Bytes enabled_and_locked = Packed{0, 1, 1, 0, 0, 1};
+    return numbers_.object<Tmxd_multilayer_marker_symbol>(
+        2, Packed{base, layers, enabled_and_locked, 0.0, 0.0});
   }
 
   void add_markers() {
@@ -328,15 +312,11 @@ Wide_string from_hex(const std::string& hex) {
   return text;
 }
 
-Bytes named(const std::vector<std::string>& texts) {
-  const auto text = [&](std::size_t at) {
-    return at < texts.size() ? from_hex(texts[at]) : Wide_string();
-  };
-  Bytes bytes = named(text(1), {text(2), text(3), text(4)});
-  const std::string hidden = texts.size() > 5 ? texts[5] : "";
-  for (std::size_t at = 0; at + 2 <= hidden.size(); at += 2) {
-    bytes.u8(static_cast<std::uint8_t>(std::stoi(hidden.substr(at, 2), nullptr, 16)));
-  }
+Bytes named(std::vector<std::string> texts) {
+  texts.resize(6);
+  Bytes bytes =
+      named(from_hex(texts[1]), {from_hex(texts[2]), from_hex(texts[3]), from_hex(texts[4])});
+  for (const Wide_char unit : from_hex(texts[5])) bytes.u16(unit);
   return bytes;
 }
 
@@ -362,6 +342,10 @@ Byte_run document(const std::vector<std::string>& texts) {
 }  // namespace mxd::test
 
 int main(int argc, char** argv) {
-  const auto bytes = mxd::test::document({argv + 1, argv + argc});
-  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? 0 : 1;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const auto bytes = mxd::test::document({arguments.begin() + 1, arguments.end()});
+  std::ofstream file(arguments.front(), std::ios::binary);
+  file.write(reinterpret_cast<const char*>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
+  return file.flush() ? 0 : 1;
 }

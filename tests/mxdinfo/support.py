@@ -1,6 +1,10 @@
-"""Runs mxdinfo for the tests: MXDINFO, SAMPLE, SCHEMA and SAMPLES are set by CMake."""
+"""Runs mxdinfo on small documents. CMake sets MXDINFO and MAKE_DOCUMENTS, each the words of a command
+separated by bars, SAMPLE, SCHEMA and SAMPLES."""
 
+import csv
+import functools
 import html.parser
+import io
 import json
 import os
 import subprocess
@@ -9,12 +13,32 @@ import unittest
 
 import jsonschema
 
-MXDINFO = os.environ["MXDINFO"]
+MXDINFO, MAKE_DOCUMENTS = ([word for word in os.environ[name].split("|") if word]
+                           for name in ("MXDINFO", "MAKE_DOCUMENTS"))
 SAMPLE = os.environ["SAMPLE"]
 SCHEMA = os.environ["SCHEMA"]
 SAMPLES = os.environ["SAMPLES"]
+ROOT = os.path.dirname(os.path.dirname(SAMPLE))
+IS_WINDOWS = MXDINFO[-1].endswith(".exe")
 
 VOID_TAGS = {"meta", "input", "rect", "circle", "path", "use"}
+
+
+@functools.cache
+def made(*arguments):
+    """The document that make_documents writes."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run([*MAKE_DOCUMENTS, "made.mxd", *arguments], check=True, cwd=folder)
+        with open(os.path.join(folder, "made.mxd"), "rb") as file:
+            return file.read()
+
+
+def named(name, *data, hidden=b""):
+    """A map with a group of one layer, all texts `name`. The data is workspace, dataset and feature
+    dataset; the hidden bytes, an even number, follow the map."""
+    texts = [name, *(data or (name, name, ""))]
+    return made("named", *(text.encode("utf-16-le", "surrogatepass").hex() for text in texts),
+                hidden.hex())
 
 
 class Case(unittest.TestCase):
@@ -23,22 +47,41 @@ class Case(unittest.TestCase):
         self.addCleanup(scratch.cleanup)
         self.folder = scratch.name
 
-    def write(self, name, data):
-        path = os.path.join(self.folder, name)
+    def path(self, name):
+        return os.path.join(self.folder, *name.split("/"))
+
+    def write(self, name, data=b""):
+        path = self.path(name)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "wb") as file:
             file.write(data)
-        return path
+        return name
 
-    def run_mxdinfo(self, *arguments, code=0, stdin=b"", env=None, binary=False):
+    def read(self, name):
+        with open(self.path(name), "rb") as file:
+            return file.read()
+
+    def start(self, *arguments, **how):
+        """A process that runs beside the test."""
+        return subprocess.Popen([*MXDINFO, *arguments], cwd=self.folder, **how)
+
+    def run_mxdinfo(self, *arguments, code=0, binary=False, **how):
         """Standard output and error, as text unless `binary`."""
-        result = subprocess.run([MXDINFO, *arguments], input=stdin, capture_output=True,
-                                check=False, cwd=self.folder, env={**os.environ, **(env or {})})
+        how = {"cwd": self.folder, "input": b"", **how}
+        result = subprocess.run([*MXDINFO, *arguments], capture_output=True, check=False, **how)
         self.assertEqual(code, result.returncode, (arguments, result.stderr[-2000:]))
         return (result.stdout if binary else result.stdout.decode()), result.stderr.decode()
 
     def json_of(self, *arguments, **how):
         return json.loads(self.run_mxdinfo("-q", "-f", "json", *arguments, **how)[0])
+
+    def lines_of(self, *arguments, **how):
+        lines = self.run_mxdinfo("-q", "-f", "ndjson", *arguments, **how)[0].splitlines()
+        return [json.loads(line) for line in lines]
+
+    def table_of(self, *arguments, **how):
+        text = self.run_mxdinfo("-q", "-f", "csv", "--no-bom", *arguments, **how)[0]
+        return list(csv.DictReader(io.StringIO(text)))
 
     def page_of(self, *arguments, **how):
         page = Page()
@@ -75,6 +118,11 @@ class Page(html.parser.HTMLParser):
 
     def handle_data(self, data):
         self.texts.append(data)
+
+
+def slashes(path):
+    """The path with the separators that tests are written with."""
+    return path.replace("\\", "/")
 
 
 def legend_classes(document, kind=None):
