@@ -135,7 +135,7 @@ std::optional<Labels> read_labels(Byte_search& stream, std::uint64_t from, std::
     return std::nullopt;
   }
   if ((shown != 0 && shown != -1) || version != 2 || count < 0) return std::nullopt;
-  Labels labels{shown != 0, {}};
+  Labels labels{shown != 0, {}, false};
   auto next = stream.first(bytes.tell(), end, label_class_ids);
   for (std::int32_t i = 0; i < count && next; ++i) {
     const std::uint64_t position = *next;
@@ -144,6 +144,7 @@ std::optional<Labels> read_labels(Byte_search& stream, std::uint64_t from, std::
     if (!label_class) break;
     labels.classes.push_back(std::move(*label_class));
   }
+  labels.all_read = std::cmp_equal(labels.classes.size(), count);
   return labels;
 }
 

@@ -30,6 +30,8 @@ struct Label_class {
 struct Labels {
   bool shown = false;
   std::vector<Label_class> classes;
+  // Whether there are as many classes as the layer counts.
+  bool all_read = false;
 };
 
 // Facts that the bytes do not show beyond doubt are left out.

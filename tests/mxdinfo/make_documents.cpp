@@ -206,7 +206,15 @@ Bytes facts() {
   const Bytes farms = listed({200, "Farms", "farms", "maps/land", Bytes().f64s({-1, 1e13}), breaks,
                               definition_query(text("")).add(hidden)});
   const Bytes ponds = listed({300, "Ponds", "ponds", "SERVER=db;USER=me"});
-  const Bytes wells = listed({400, "Wells", "wells", "D:\\town.gdb"});
+  // The search for the symbol finds the line after the renderer, which is not its own.
+  const Bytes unknown_symbol = Bytes().object(unheard_of_id, 404, 1, Bytes().counting(8));
+  const Bytes plain = labels(950, -1, label_class(951, text("[W]"), {}));
+  const Bytes wells = listed({400, "Wells", "wells", "D:\\town.gdb", Bytes().f64s({0, 0}),
+                              Bytes()
+                                  .object(Tmxd_simple_renderer::clsid, 403, 1, unknown_symbol)
+                                  .add(line_symbol(405, 1))
+                                  .zeros(156),
+                              definition_query(text("")).add(plain)});
   const Bytes inner = listed_group(500, "Inner", member_list({farms}));
   const Bytes again = Bytes().reference(Tmxd_feature_layer::clsid, 100);
   const Bytes outer = listed_group(510, "Outer; \"old\"", member_list({roads, again, inner}));

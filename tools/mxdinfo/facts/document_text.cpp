@@ -8,10 +8,28 @@
 #include "mxdinfo/facts/display_text.h"
 
 namespace mxdinfo {
+namespace {
+
+// Paragraphs become sentences after each other.
+std::string in_one_line(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool is_break = c == '\r' || c == '\n';
+    if (!is_break)
+      line += c;
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+  }
+  while (line.ends_with(' ')) line.pop_back();
+  return line;
+}
+
+}  // namespace
 
 std::vector<std::pair<std::string, std::string>> property_texts(const mxd::Document_facts& facts) {
   std::vector<std::pair<std::string, std::string>> texts;
   const auto add = [&](const char* label, std::string text) {
+    text = in_one_line(text);
     if (!text.empty()) texts.emplace_back(label, std::move(text));
   };
   if (facts.properties) {

@@ -153,7 +153,11 @@ std::string coordinate_system_name(const Tmxd_coordinate_system& system) {
 
 const Tmxd_renderer* renderer_of(const Tmxd_layer& layer) {
   const auto* feature = as<Tmxd_feature_layer>(layer);
-  return feature ? feature->renderer.get() : nullptr;
+  const Tmxd_renderer* renderer = feature ? feature->renderer.get() : nullptr;
+  const auto* simple = as<Tmxd_simple_renderer>(renderer);
+  // The legend group follows the symbol. If it is not there, the search for the symbol found that
+  // of a later part, such as the selection.
+  return simple && simple->legend_group.number == 0 ? nullptr : renderer;
 }
 
 Renderer_kind kind_of(const Tmxd_renderer& renderer) {
@@ -194,10 +198,12 @@ std::vector<std::string> renderer_fields(const Tmxd_renderer& renderer) {
   return fields;
 }
 
-std::string drawn_text(const Tmxd_renderer& renderer, const Feature_facts& facts) {
+std::string drawn_text(const Tmxd_layer& layer, const Feature_facts& facts) {
+  const auto* renderer = renderer_of(layer);
+  if (!renderer) return as<Tmxd_feature_layer>(layer) ? "not known" : "";
   const std::string divisor = utf8(facts.normalization_field.value_or(Wide_string()));
-  const std::string fields = fmt::format("{}", fmt::join(renderer_fields(renderer), ", "));
-  switch (kind_of(renderer)) {
+  const std::string fields = fmt::format("{}", fmt::join(renderer_fields(*renderer), ", "));
+  switch (kind_of(*renderer)) {
     case Renderer_kind::simple:
       return "one symbol";
     case Renderer_kind::unique_values:

@@ -45,15 +45,16 @@ std::string coordinate_system_name(const mxd::Tmxd_coordinate_system& system);
 // Well-known text, or the text that an unknown coordinate system has instead.
 std::string coordinate_system_text(const mxd::Tmxd_coordinate_system& system);
 
-// Null if the layer has none.
+// Null if the layer has none or its symbol could not be read.
 const mxd::Tmxd_renderer* renderer_of(const mxd::Tmxd_layer& layer);
 enum class Renderer_kind { simple, unique_values, class_breaks };
 Renderer_kind kind_of(const mxd::Tmxd_renderer& renderer);
 // "simple", "unique_values", "class_breaks"
 std::string renderer_kind(const mxd::Tmxd_renderer& renderer);
 std::vector<std::string> renderer_fields(const mxd::Tmxd_renderer& renderer);
-// "one symbol", "by values of KIND, PORT", "by ranges of POP divided by AREA"
-std::string drawn_text(const mxd::Tmxd_renderer& renderer, const mxd::Feature_facts& facts);
+// "one symbol", "by values of KIND, PORT", "by ranges of POP divided by AREA", "not known"; empty
+// for kinds of layers that have no renderer.
+std::string drawn_text(const mxd::Tmxd_layer& layer, const mxd::Feature_facts& facts);
 // In the order of a table of contents.
 std::vector<const mxd::Tmxd_legend_group*> legend_groups(const mxd::Tmxd_renderer& renderer);
 std::size_t legend_class_count(const mxd::Tmxd_layer& layer);

@@ -120,8 +120,9 @@ std::vector<Legend_entry> legend_entries(const Tmxd_renderer& renderer,
 
 std::string classified_text(const Legend_entry& entry) {
   constexpr std::size_t max_length = 10'000;
+  constexpr std::string_view arcmap_label = "<all other values>";
   if (entry.range) return fmt::format("{:.10g} to {:.10g}", entry.range->min, entry.range->max);
-  if (entry.all_other_values) return "all other values";
+  if (entry.all_other_values) return entry.label == arcmap_label ? "" : "all other values";
   std::string text;
   for (const auto& values : entry.values) {
     if (text.size() > max_length) return text + "; …";

@@ -14,7 +14,7 @@ struct Words_of_type {
 // The first entry whose ending the type has applies.
 constexpr std::array words_of_types{
     Words_of_type{"_map", {"map", "it is missing or incomplete"}},
-    Words_of_type{"_layer", {"layer", "it could not be read"}},
+    Words_of_type{"_layer", {"layer", "only its name is known"}},
     Words_of_type{"_renderer", {"renderer", "how the layer is drawn is not known"}},
     Words_of_type{"_legend_group", {"legend", "the layer's classes are missing"}},
     Words_of_type{"_legend_class", {"legend", "the layer's classes are incomplete"}},
@@ -23,7 +23,7 @@ constexpr std::array words_of_types{
     Words_of_type{"_decoration", {"symbol", "a line is drawn without its decoration"}},
     Words_of_type{"_template", {"symbol", "a line is drawn without its dashes"}},
     Words_of_type{"_color", {"color", "a symbol is without its color"}},
-    Words_of_type{"_coordinate_system", {"coordinate system", "it is not known"}},
+    Words_of_type{"_coordinate_system", {"coordinate system", "it is missing"}},
     Words_of_type{"_name", {"data source", "where the layer's data is stored is not known"}},
 };
 
@@ -40,13 +40,13 @@ Loss_words loss_words(std::string_view type) {
 Loss_words loss_words(mxd::Layer_kind kind) {
   switch (kind) {
     case mxd::Layer_kind::basemap:
-      return {"layer", "it is a basemap layer: only its name and its members' names are read"};
+      return {"layer", "a basemap layer: only its name and its members' names are read"};
     case mxd::Layer_kind::map_service:
-      return {"layer", "it is a map service layer: only its name is read"};
+      return {"layer", "a map service layer: only its name is read"};
     case mxd::Layer_kind::image_service:
-      return {"layer", "it is an image service layer: only its name is read"};
+      return {"layer", "an image service layer: only its name is read"};
     default:
-      return {"layer", "its kind is not known: only its name is read"};
+      return {"layer", "a layer of an unknown kind: only its name is read"};
   }
 }
 

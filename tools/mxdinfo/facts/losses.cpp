@@ -44,17 +44,32 @@ Loss loss_of(const Map_outline& map, std::optional<Listed_layer> layer, const De
   return {&map, layer, loss_words(error->type), error};
 }
 
+// Whether labels are shown of which a class, a color or a font could not be read.
+bool has_unknown_labels(const Layer_record& record) {
+  const auto& labels = record.facts.labels;
+  if (!labels || !labels->shown) return false;
+  return !labels->all_read ||
+         std::any_of(labels->classes.begin(), labels->classes.end(), [](const Label_class& label) {
+           return !label.color || !label.font || label.font->name.empty();
+         });
+}
+
 void add_layer_losses(std::vector<Loss>& losses, const Errors& errors, const Listed_layer& listed) {
   const Layer_record& record = listed.record();
   if (const Tmxd_layer* layer = record.layer) {
+    if (has_unknown_labels(record)) {
+      losses.push_back({listed.map, listed, {"labels", "how its labels look is not known"}});
+    }
     if (is_possible_scale(layer->min_scale) && is_possible_scale(layer->max_scale)) return;
-    losses.push_back({listed.map, listed, {"scales", "they are impossible numbers and not shown"}});
+    losses.push_back(
+        {listed.map, listed, {"scales", "its scales are impossible numbers and not shown"}});
   } else if (!record.read_failed()) {
     losses.push_back({listed.map, listed, loss_words(record.kind())});
   } else {
     const auto error = first_from(errors, record.position);
     if (error != errors.end() && position_of(*error) == record.position) return;
-    losses.push_back({listed.map, listed, loss_words("_layer")});
+    losses.push_back(
+        {listed.map, listed, {"layer", "it could not be read: only its name is known"}});
   }
 }
 
@@ -73,7 +88,8 @@ void add_map_losses(std::vector<Loss>& losses, const Errors& errors, const Map_o
   }
   for (const Listed_layer& layer : layers) add_layer_losses(losses, errors, layer);
   if (map.missing_layers() > 0) {
-    losses.push_back({&map, std::nullopt, {"layers", "some that the map counts were not found"}});
+    losses.push_back(
+        {&map, std::nullopt, {"layers", "some layers that the map counts were not found"}});
   }
   std::stable_sort(losses.begin() + first, losses.end(),
                    [](const Loss& a, const Loss& b) { return position_of(a) < position_of(b); });
@@ -101,7 +117,8 @@ std::string path_of(const Loss& loss) {
 }
 
 std::string text_of(const Loss& loss) {
-  return fmt::format("the {}: {}", loss.words.subject, loss.words.consequence);
+  if (!loss.error) return std::string(loss.words.consequence);
+  return fmt::format("the {} could not be read: {}", loss.words.subject, loss.words.consequence);
 }
 
 std::string line_of(const Report& report, const Loss& loss) {

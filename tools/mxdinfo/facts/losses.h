@@ -28,10 +28,10 @@ std::vector<Loss> losses_of(const Report& report);
 // "Layers / Roads / Motorways"; empty for a part outside all maps.
 std::string path_of(const Loss& loss);
 
-// "the legend: the layer's classes are missing"
+// "the legend could not be read: the layer's classes are missing"
 std::string text_of(const Loss& loss);
 
-// "plan.mxd: Layers / Roads: the legend: ... (mxd_legend_group 17 at byte 5120)"
+// "plan.mxd: Layers / Roads: the legend could not be read: ... (mxd_legend_group 17 at byte 5120)"
 std::string line_of(const Report& report, const Loss& loss);
 
 }  // namespace mxdinfo

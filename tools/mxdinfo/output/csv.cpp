@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "mxdinfo/cli/options.h"
+#include "mxdinfo/facts/data_source.h"
 #include "mxdinfo/facts/display_text.h"
+#include "mxdinfo/facts/document_text.h"
 #include "mxdinfo/facts/facts.h"
 #include "mxdinfo/facts/layers.h"
 #include "mxdinfo/output/bounded_text.h"
@@ -22,7 +24,8 @@ constexpr std::string_view header =
     "document,map,group,layer,kind,visible,min_scale,max_scale,dataset,feature_dataset,"
     "dataset_type,workspace,geometry,coordinate_system,map_coordinate_system,renderer,fields,"
     "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes,"
-    "differs_from_map";
+    "differs_from_map,source_kind,source_path,xmin,ymin,xmax,ymax,title,author,tags,credits,"
+    "arcmap_version,saved_path,saved_date";
 
 std::string scale(double denominator) {
   const bool shown = denominator != 0 && is_possible_scale(denominator);
@@ -81,7 +84,24 @@ std::vector<std::string> cells_of(const Report& report, const Listed_layer& list
   cells.emplace_back(layer ? "true" : "false");
   cells.push_back(record.length == 0 ? "" : fmt::format("{}", record.length));
   cells.push_back(true_or_false(differs_from_map(listed)));
+  cells.emplace_back(layer ? data_kind(*layer) : "");
+  cells.push_back(layer ? data_path(*layer) : "");
+  const auto& extent = listed.map->extent;
+  for (const auto bound : {&Extent::xmin, &Extent::ymin, &Extent::xmax, &Extent::ymax}) {
+    cells.push_back(extent ? fmt::format("{:.10g}", (*extent).*bound) : "");
+  }
   return cells;
+}
+
+std::vector<std::string> document_cells(const Document_facts& facts) {
+  const auto properties = facts.properties.value_or(Document_facts::Properties());
+  return {utf8(properties.title),
+          utf8(properties.author),
+          utf8(properties.tags),
+          utf8(properties.credits),
+          utf8(facts.version.value_or(Wide_string())),
+          utf8(facts.saved_path.value_or(Wide_string())),
+          facts.saved_date ? date_text(*facts.saved_date) : ""};
 }
 
 class Csv_writer final : public Report_writer {
@@ -111,6 +131,9 @@ class Csv_writer final : public Report_writer {
  private:
   std::string row(const Report& report, const Listed_layer& layer) const {
     auto cells = cells_of(report, layer);
+    for (auto& cell : document_cells(report.outline.document)) {
+      cells.push_back(shortened(std::move(cell)));
+    }
     if (states_) {
       const Source_state* state = report.source_state(layer.layer());
       cells.emplace_back(state ? presence_word(state->presence) : "");

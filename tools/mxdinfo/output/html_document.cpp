@@ -200,9 +200,9 @@ class Section {
     details += detail("Display field", display_field_of(layer));
     details +=
         coordinate_system_detail(coordinate_system_of(layer), coordinate_system_text_line(listed));
-    if (const auto* renderer = renderer_of(layer)) {
-      details += detail("Drawn", drawn_text(*renderer, record.facts));
-      if (legend_class_count(layer) == 0) details += detail("Legend", "not read");
+    details += detail("Drawn", drawn_text(layer, record.facts));
+    if (renderer_of(layer) && legend_class_count(layer) == 0) {
+      details += detail("Legend", "not read");
     }
     return details;
   }

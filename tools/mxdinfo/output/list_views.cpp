@@ -11,6 +11,8 @@ namespace {
 
 using namespace mxd;
 
+constexpr const char* not_decoded = "not known, because the layers are not decoded";
+
 // Things and who uses them, in the order of their first use. Users are names of layers, made only
 // when they are written.
 template <class User>
@@ -68,7 +70,7 @@ void append_layers(Text_lines& lines, const Report& report) {
 void append_sources(Text_lines& lines, const Report& report) {
   Usage_list<Listed_layer> sources;
   visit_layers(report, lines, [&](const Listed_layer& layer) {
-    if (!layer.layer()) return;
+    if (!layer.layer()) return sources.add(not_decoded, layer);
     const Source source = source_of(*layer.layer());
     if (source.empty()) return;
     const Source_state* state = report.source_state(layer.layer());
@@ -92,7 +94,8 @@ void append_coordinate_systems(Text_lines& lines, const Report& report) {
     if (system) systems.add(coordinate_system_text_line(*system), {&map, std::nullopt});
   }
   visit_layers(report, lines, [&](const Listed_layer& layer) {
-    const auto* system = layer.layer() ? coordinate_system_of(*layer.layer()) : nullptr;
+    if (!layer.layer()) return systems.add(not_decoded, {layer.map, layer});
+    const auto* system = coordinate_system_of(*layer.layer());
     if (system) systems.add(coordinate_system_text_line(*system), {layer.map, layer});
   });
   systems.append_to(lines, [](const System_user& user) {

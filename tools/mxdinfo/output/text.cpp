@@ -110,7 +110,7 @@ class Loss_writer final : public Report_writer {
 
   std::string begin() const override {
     if (!csv_) return {};
-    return std::string(format_.begin()) + "document,path,what,consequence,class,number,position\n";
+    return std::string(format_.begin()) + "document,path,what,consequence,type,number,position\n";
   }
 
   Written_document document(const Report& report) const override {

@@ -58,9 +58,7 @@ class Tree {
                                     kind_text(listed.record())));
     if (!layer) return;
     if (shows_everything()) append_details(indent + 6, listed, *layer);
-    if (const auto* renderer = renderer_of(*layer)) {
-      append_drawing(indent + 6, *renderer, listed.record().facts);
-    }
+    append_drawing(indent + 6, *layer, listed.record().facts);
   }
 
   void append_details(std::size_t indent, const Listed_layer& listed, const Tmxd_layer& layer) {
@@ -76,11 +74,12 @@ class Tree {
     lines_.detail(indent, "coordinate system", coordinate_system_text_line(listed));
   }
 
-  void append_drawing(std::size_t indent, const Tmxd_renderer& renderer,
-                      const Feature_facts& facts) {
-    lines_.detail(indent, "drawn", drawn_text(renderer, facts));
+  void append_drawing(std::size_t indent, const Tmxd_layer& layer, const Feature_facts& facts) {
+    lines_.detail(indent, "drawn", drawn_text(layer, facts));
+    const auto* renderer = renderer_of(layer);
+    if (!renderer) return;
     const Tmxd_legend_group* group = nullptr;
-    for (const Legend_entry& entry : legend_entries(renderer, facts)) {
+    for (const Legend_entry& entry : legend_entries(*renderer, facts)) {
       if (lines_.is_full()) return;
       if (entry.group && entry.group != group) {
         lines_.detail(indent + 2, "heading", utf8(entry.group->label));
@@ -109,14 +108,14 @@ class Tree {
   void append_layer_references(const Map_outline& map) {
     for (const Layer_record& record : map.records) {
       if (!record.is_reference) continue;
-      lines_.line(4, fmt::format("    reference to layer number {}", record.number));
+      lines_.line(4, fmt::format("    a layer that was stored before (number {})", record.number));
     }
   }
 
   void append_map_references(const Tmxd_mxd& document) {
     for (const auto* map : document.maps) {
       if (!map->repeat) continue;
-      lines_.line(2, fmt::format("reference to map number {}", map->number));
+      lines_.line(2, fmt::format("a map that was stored before (number {})", map->number));
     }
   }
 
