@@ -56,11 +56,12 @@ void Class_id_scanner::add_words() {
     }
   }
   std::ranges::sort(words_, {}, [](const Word& word) { return bucket_of(word.value); });
-  buckets_.resize(std::size_t{1} << bucket_bits, words_.size());
-  for (std::size_t i = words_.size(); i-- != 0;) {
-    known_hashes_[word_hash(words_[i].value)] = 1;
-    buckets_[bucket_of(words_[i].value)] = i;
+  bucket_starts_.resize((std::size_t{1} << bucket_bits) + 1);
+  for (const Word& word : words_) {
+    known_hashes_[word_hash(word.value)] = 1;
+    ++bucket_starts_[bucket_of(word.value) + 1];
   }
+  std::partial_sum(bucket_starts_.begin(), bucket_starts_.end(), bucket_starts_.begin());
 }
 
 std::optional<std::uint32_t> Class_id_scanner::index_of(const Guid& class_id) const {
@@ -74,15 +75,14 @@ void Class_id_scanner::add_occurrences(std::span<const std::uint8_t> bytes,
                                        std::uint64_t word_position,
                                        std::vector<Occurrence>& occurrences) const {
   const std::uint32_t value = word_at(bytes.data() + word_position);
-  const std::size_t bucket = bucket_of(value);
-  for (std::size_t i = buckets_[bucket]; i < words_.size(); ++i) {
-    if (bucket_of(words_[i].value) != bucket) break;
-    if (words_[i].value != value || words_[i].offset > word_position) continue;
-    const std::uint64_t position = word_position - words_[i].offset;
+  const std::uint32_t* start = &bucket_starts_[bucket_of(value)];
+  for (const Word& word : std::span(words_).subspan(start[0], start[1] - start[0])) {
+    if (word.value != value || word.offset > word_position) continue;
+    const std::uint64_t position = word_position - word.offset;
     if (bytes.size() - position < guid_size) continue;
-    const Guid& stored = stored_ids_[words_[i].class_index];
+    const Guid& stored = stored_ids_[word.class_index];
     if (std::memcmp(stored.bytes.data(), bytes.data() + position, guid_size) == 0) {
-      occurrences.push_back({static_cast<std::int64_t>(position), words_[i].class_index});
+      occurrences.push_back({static_cast<std::int64_t>(position), word.class_index});
     }
   }
 }

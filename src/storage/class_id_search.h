@@ -64,9 +64,9 @@ class Class_id_scanner {
 
   std::vector<Guid> stored_ids_;  // sorted; the byte order of streams
   std::vector<Guid> class_ids_;
-  // Sorted by bucket; buckets_[b] is where bucket b begins.
+  // Sorted by bucket: bucket b has [bucket_starts_[b], bucket_starts_[b + 1]).
   std::vector<Word> words_;
-  std::vector<std::size_t> buckets_;
+  std::vector<std::uint32_t> bucket_starts_;
   std::vector<std::uint8_t> known_hashes_;
 };
 
