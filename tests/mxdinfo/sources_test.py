@@ -66,6 +66,24 @@ class Sources(Case):
             with self.subTest(workspace):
                 self.assertEqual((*expected, []), self.state(workspace, "roads", "", maps=maps))
 
+    def test_updates_look_for_the_data_of_kept_documents_again(self):
+        self.write("maps/plan.mxd", named("name", "C:\\d {\"}", "roads", ""))
+        self.write("maps/bad.mxd", b"x")
+        check = ["--check-sources", "--map", "C:\\d {\"}=here"]
+        for files, options in ((SHAPEFILE[:1], check), (SHAPEFILE[1:], check), ([], []),
+                               ([], check)):
+            for name in files:
+                self.write(f"here/{name}")
+            fresh = self.run_mxdinfo("-q", "-f", "ndjson", *options, "maps", code=1)[0]
+            for _ in range(2):
+                self.run_mxdinfo("-q", "--update", "inv", *options, "maps", code=1)
+                with open(self.path("inv"), encoding="utf-8") as file:
+                    self.assertEqual(fresh, file.read())
+            self.write(f"inv{len(files)}", fresh.encode())
+        self.run_mxdinfo("-q", "-f", "ndjson", *check, "-o", "found", "maps", code=1)
+        self.assertIn("  ~ name / name / name\n      data: missing -> found\n",
+                      self.run_mxdinfo("--diff", "inv1", "found")[0])
+
     @unittest.skipUnless(os.path.isdir(PROJECTS), "no projects beside the project")
     def test_projects(self):
         """The data is where the projects have it, relative to the documents."""

@@ -64,7 +64,7 @@ std::string view_error(const Options& options) {
       {!options.totals && is_view_of_text(options.view) && format != Format::text,
        "--format: this view is of the text; with --totals it goes with csv and json"},
       {options.deep && options.find_source.empty(), "--deep: needs --find-source"},
-      {options.deep && format == Format::csv, "--deep: goes with text, json and ndjson"},
+      {options.update && format != Format::ndjson, "--update: writes ndjson"},
       {options.update && !plain, "--update: does not go with views and searches"},
       {options.diff && (!plain || !is_any_of(format, {Format::text, Format::json})),
        "--diff: goes with text and json, without views and searches"},
@@ -76,9 +76,8 @@ std::string source_error(const Options& options) {
   return first_broken({
       {!options.mappings.empty() && !options.check_sources,
        "--map: needs --check-sources or --broken"},
-      {options.check_sources && !shown, "--check-sources: goes with text, csv, json and html"},
-      {options.check_sources && options.update,
-       "--check-sources: does not go with --update; data comes and goes while documents stay"},
+      {options.check_sources && !shown,
+       "--check-sources: goes with text, csv, json, ndjson and html"},
   });
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <sstream>
 #include <utility>
 
@@ -63,6 +64,15 @@ struct Raw_options {
   bool losses = false, broken = false;
 };
 
+// Leaves out which options exclude each other: messages about wrong usage name them.
+class Help_formatter final : public CLI::Formatter {
+ public:
+  std::string make_option_opts(const CLI::Option* option) const override {
+    const std::string type = option->get_type_name();
+    return type.empty() ? type : " " + type;
+  }
+};
+
 std::string not_empty(const std::string& text) {
   return text.empty() ? "must not be empty" : "";
 }
@@ -97,14 +107,14 @@ void add_inputs(CLI::App& app, Options& options) {
   app.add_option("FILE", options.inputs,
                  "map documents, folders of them, or - for a document on standard input")
       ->type_name("");
-  app.add_flag("-r,--recursive", options.recursive, "also look for *.mxd in subfolders");
+  app.add_flag("-r,--recursive", options.recursive, "also look for documents in subfolders");
   app.add_option("--files-from", options.files_from,
                  "read the names of documents from LIST, one a line; - is standard input")
       ->type_name("LIST");
   app.add_flag("-0,--null", options.nul_separated, "names in LIST end with NUL");
   app.add_option("-j,--jobs", options.jobs, "documents read at the same time; 0 for all cores")
       ->type_name("N")
-      ->check(CLI::Range(0, 256));
+      ->check(CLI::Range(0, 256).description(""));
 }
 
 void add_outputs(CLI::App& app, Raw_options& raw) {
@@ -143,7 +153,7 @@ std::string add_mapping(std::vector<Path_mapping>& mappings, const std::string& 
 void add_source_options(CLI::App& app, Options& options) {
   auto* group = app.add_option_group("Data", "whether the data of the layers is there");
   group->add_flag("--check-sources", options.check_sources,
-                  "look for the data of each layer (text, csv, json, html)");
+                  "look for the data of each layer (text, csv, json, ndjson, html)");
   group
       ->add_option_function<std::vector<std::string>>(
           "--map",
@@ -166,7 +176,7 @@ void add_inventory_options(CLI::App& app, Raw_options& raw) {
                        "write ndjson to INVENTORY; read only documents that changed since")
           ->type_name("INVENTORY")
           ->check(not_empty);
-  for (const char* other : {"--output", "--format", "--dump", "--xml"}) {
+  for (const char* other : {"--output", "--dump", "--xml"}) {
     update->excludes(app.get_option(other));
   }
   group
@@ -190,9 +200,10 @@ void add_views(CLI::App& app, Raw_options& raw) {
       ->check(not_empty);
   views->add_flag("--broken", raw.broken, "the layers whose data is not found; exits with 4");
   views->require_option(0, 1);
-  app.add_flag("--totals", raw.options.totals,
-               "a view's things counted over all documents (text, csv, json)");
-  app.add_flag("--deep", raw.options.deep, "--find-source also in what is not decoded");
+  auto* additions = app.add_option_group("With views", "more of them");
+  additions->add_flag("--totals", raw.options.totals,
+                      "a view's things counted over all documents (text, csv, json)");
+  additions->add_flag("--deep", raw.options.deep, "--find-source also in what is not decoded");
 }
 
 void add_general_options(CLI::App& app, Options& options) {
@@ -214,7 +225,7 @@ Options resolved(const Raw_options& raw) {
     options.output = raw.xml_file;
   }
   if (!raw.inventory.empty()) {
-    options.format = Format::ndjson;
+    if (options.format == Format::text) options.format = Format::ndjson;
     options.output = raw.inventory;
     options.update = true;
   }
@@ -258,7 +269,9 @@ std::variant<Options, Exit_code> parse_options(int argc, const char* const* argv
       "Shows the maps, layers, data sources, coordinate systems and legends of ArcMap map "
       "documents.",
       "mxdinfo");
-  app.get_formatter()->column_width(26);
+  const auto formatter = std::make_shared<Help_formatter>();
+  formatter->column_width(26);
+  app.formatter(formatter);
   app.footer(examples);
   // A slash begins a path on every system.
   app.allow_windows_style_options(false);

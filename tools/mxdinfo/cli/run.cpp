@@ -185,7 +185,9 @@ class Run {
     report.index = index;
     try {
       if (kept_) {
-        if (auto line = kept_->line_of(inputs_.paths[first + index])) return std::move(*line);
+        const Source_places* places = options_.check_sources ? &places_ : nullptr;
+        auto line = kept_->line_of(inputs_.paths[first + index], places);
+        if (line) return std::move(*line);
       }
       load(inputs_.paths[first + index], report);
       if (options_.check_sources) report.source_states = mxdinfo::check_sources(report, places_);
@@ -276,7 +278,9 @@ Exit_code run_options(Options& options) {
     print_stderr("mxdinfo: xml and dump of several documents need -o FOLDER\n");
     return Exit_code::wrong_usage;
   }
-  if (!options.output.empty() && is_input(options.output, options, inputs)) {
+  // Only inventories are updated, and no document is one.
+  const bool replaces = !options.output.empty() && !options.update;
+  if (replaces && is_input(options.output, options, inputs)) {
     print_stderr(error_message(utf8_of_path(options.output), "is an input, and not overwritten") +
                  "\n");
     return Exit_code::wrong_usage;

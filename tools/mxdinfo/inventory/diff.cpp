@@ -11,11 +11,6 @@
 namespace mxdinfo {
 namespace {
 
-std::string text_at(const Json& object, const char* key) {
-  const auto found = object.is_object() ? object.find(key) : object.end();
-  return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
-
 const Json& list_at(const Json& object, const char* key) {
   static const Json none = Json::array();
   const auto found = object.is_object() ? object.find(key) : object.end();
@@ -130,13 +125,28 @@ bool is_compared(const std::string& key) {
   return std::find(others.begin(), others.end(), key) == others.end();
 }
 
+// Where the data is said to be, and whether it is there if both inventories say so.
+void add_source_differences(Json& differences, Json before, Json after) {
+  const std::string old_state = text_at(before, "state");
+  const std::string new_state = text_at(after, "state");
+  for (Json* source : {&before, &after}) {
+    if (source->is_object()) set_state(*source, nullptr);
+  }
+  if (before != after) {
+    differences.push_back(difference("source", "", source_text(before), source_text(after)));
+  }
+  if (old_state != new_state && !old_state.empty() && !new_state.empty()) {
+    differences.push_back(difference("data", "", old_state, new_state));
+  }
+}
+
 Json differences_of(const Json& before, const Json& after) {
   Json differences = Json::array();
   for (const auto& [key, value] : before.items()) {
     const Json later = after.value(key, Json());
     if (!is_compared(key) || value == later) continue;
     if (key == "source") {
-      differences.push_back(difference(key, "", source_text(value), source_text(later)));
+      add_source_differences(differences, value, later);
       continue;
     }
     Comparison comparison(part_name(key));

@@ -1,21 +1,13 @@
 #include "mxdinfo/inventory/inventory_file.h"
 
-#include <nlohmann/json.hpp>
-
 #include "mxdinfo/cli/platform.h"
+#include "mxdinfo/output/json_parts.h"
 
 namespace mxdinfo {
 namespace {
 
-using Line_json = nlohmann::json;
-
 // The file itself is described before this key. In a text the quotes would be escaped.
 constexpr std::string_view key_after_file = ",\"title\":";
-
-std::string text_at(const Line_json& object, const char* key) {
-  const auto found = object.find(key);
-  return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
 
 std::string bytes_of_hex(const std::string& digits) {
   std::string bytes;
@@ -29,9 +21,9 @@ std::optional<Inventory_entry> entry_of(std::string_view line) {
   const std::size_t end = line.find(key_after_file);
   if (end == line.npos) return std::nullopt;
   std::string start(line.substr(0, end));
-  const Line_json json = Line_json::parse(start += '}', nullptr, false);
+  const Json json = Json::parse(start += '}', nullptr, false);
   if (!json.is_object() || !json.contains("file") || !json["file"].is_object()) return std::nullopt;
-  const Line_json& file = json["file"];
+  const Json& file = json["file"];
   Inventory_entry entry;
   entry.path = bytes_of_hex(text_at(file, "path_bytes"));
   if (entry.path.empty()) entry.path = text_at(file, "path");
@@ -40,7 +32,7 @@ std::optional<Inventory_entry> entry_of(std::string_view line) {
   entry.size = *size;
   entry.modified = text_at(file, "modified");
   entry.maps_hash = text_at(file, "maps_hash");
-  entry.is_readable = json.value("readable", Line_json()) == true;
+  entry.is_readable = json.value("readable", Json()) == true;
   entry.has_losses = !line.ends_with("\"losses\":[]}");
   entry.is_current = json.contains("tool") && json["tool"].is_object() &&
                      text_at(json["tool"], "version") == MXDINFO_VERSION;

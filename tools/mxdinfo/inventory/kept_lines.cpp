@@ -7,8 +7,17 @@
 #include "mxdinfo/cli/platform.h"
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/document_text.h"
+#include "mxdinfo/inventory/kept_states.h"
 
 namespace mxdinfo {
+namespace {
+
+bool is_unchanged(const Inventory_entry& entry, const File_status& status) {
+  return entry.is_current && status.size == entry.size &&
+         time_text(status.modified) == entry.modified;
+}
+
+}  // namespace
 
 Kept_lines::Kept_lines(std::unique_ptr<Inventory_file> old,
                        const std::vector<std::string>& named_inputs, Inputs& inputs)
@@ -31,13 +40,16 @@ Kept_lines::Kept_lines(std::unique_ptr<Inventory_file> old,
   inputs.paths.insert(inputs.paths.end(), unreachable.begin(), unreachable.end());
 }
 
-std::optional<Rendered_document> Kept_lines::line_of(const std::string& path) const {
+std::optional<Rendered_document> Kept_lines::line_of(const std::string& path,
+                                                     const Source_places* places) const {
   const Inventory_entry* entry = old_->find(path);
-  if (!entry || !is_unchanged(*entry)) return std::nullopt;
+  if (!entry) return std::nullopt;
+  const auto status = file_status(path);
+  if (status ? !is_unchanged(*entry, *status) : !is_unreachable(path)) return std::nullopt;
   auto line = old_->line(*entry);
   if (!line) return std::nullopt;
   Rendered_document result;
-  result.text = std::move(*line);
+  result.text = status ? with_states(*line, path, places) : std::move(*line);
   result.summary.name = utf8_of_path(path);
   if (!entry->is_readable) result.summary.failure = not_a_document;
   result.summary.losses = entry->has_losses ? 1 : 0;
@@ -49,13 +61,6 @@ bool Kept_lines::is_unreachable(const std::string& path) const {
   return std::any_of(
       unreachable_folders_.begin(), unreachable_folders_.end(),
       [&](const std::string& folder) { return path.starts_with(join_path(folder, "")); });
-}
-
-bool Kept_lines::is_unchanged(const Inventory_entry& entry) const {
-  const auto status = file_status(entry.path);
-  if (!status) return is_unreachable(entry.path);
-  return entry.is_current && status->size == entry.size &&
-         time_text(status->modified) == entry.modified;
 }
 
 }  // namespace mxdinfo

@@ -9,6 +9,7 @@
 #include "mxdinfo/cli/batch.h"
 #include "mxdinfo/cli/inputs.h"
 #include "mxdinfo/inventory/inventory_file.h"
+#include "mxdinfo/sources/source_places.h"
 
 namespace mxdinfo {
 
@@ -19,16 +20,17 @@ class Kept_lines {
   Kept_lines(std::unique_ptr<Inventory_file> old, const std::vector<std::string>& named_inputs,
              Inputs& inputs);
 
-  // The document's line. Nothing if it is new, has another size or time, or the line is of another
+  // The document's line with the states that its data has now, or without states if the places are
+  // null. Nothing if the document is new, has another size or time, or the line is of another
   // version of mxdinfo. Called by several threads.
-  std::optional<Rendered_document> line_of(const std::string& path) const;
+  std::optional<Rendered_document> line_of(const std::string& path,
+                                           const Source_places* places) const;
 
   // How many documents of the inventory are no inputs.
   std::size_t gone() const { return gone_; }
 
  private:
   bool is_unreachable(const std::string& path) const;
-  bool is_unchanged(const Inventory_entry& entry) const;
 
   std::unique_ptr<Inventory_file> old_;
   std::vector<std::string> unreachable_folders_;

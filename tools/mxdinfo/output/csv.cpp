@@ -1,10 +1,12 @@
 // A table with a row for each layer.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "mxdinfo/cli/options.h"
 #include "mxdinfo/facts/data_source.h"
+#include "mxdinfo/facts/deep_search.h"
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/document_text.h"
 #include "mxdinfo/facts/facts.h"
@@ -26,6 +28,8 @@ constexpr std::string_view header =
     "legend_classes,epsg,map_epsg,query,labels,display_field,normalization_field,decoded,bytes,"
     "differs_from_map,source_kind,source_path,xmin,ymin,xmax,ymax,title,author,tags,credits,"
     "arcmap_version,saved_path,saved_date";
+constexpr auto column_count =
+    1 + static_cast<std::size_t>(std::count(header.begin(), header.end(), ','));
 
 std::string scale(double denominator) {
   const bool shown = denominator != 0 && is_possible_scale(denominator);
@@ -110,8 +114,9 @@ class Csv_writer final : public Report_writer {
       : format_(options), filter_(options), states_(options.check_sources) {}
 
   std::string begin() const override {
-    return fmt::format("{}{}{}\n", format_.begin(), header,
-                       states_ ? ",data_state,data_path,missing_parts" : "");
+    return fmt::format("{}{}{}{}\n", format_.begin(), header,
+                       states_ ? ",data_state,data_path,missing_parts" : "",
+                       is_deep() ? ",position,context" : "");
   }
 
   Written_document document(const Report& report) const override {
@@ -122,23 +127,43 @@ class Csv_writer final : public Report_writer {
         if (rows.is_full()) break;
         if (!filter_.is_wanted(report, layer)) continue;
         ++matches;
-        rows.append(row(report, layer));
+        rows.append(row(report, &layer, nullptr));
       }
     }
+    if (is_deep()) matches += append_deep(rows, report);
     return {rows.take(), !rows.is_full(), matches};
   }
 
  private:
-  std::string row(const Report& report, const Listed_layer& layer) const {
-    auto cells = cells_of(report, layer);
-    for (auto& cell : document_cells(report.outline.document)) {
-      cells.push_back(shortened(std::move(cell)));
+  bool is_deep() const { return !filter_.deep_text().empty(); }
+
+  std::size_t append_deep(Bounded_text& rows, const Report& report) const {
+    const auto is_known = [&](const Listed_layer& layer) {
+      return filter_.is_wanted(report, layer);
+    };
+    const auto hits = deep_search(report, filter_.deep_text(), is_known);
+    for (const Deep_hit& hit : hits) {
+      rows.append(row(report, hit.layer ? &*hit.layer : nullptr, &hit));
     }
+    return hits.size();
+  }
+
+  // The row of a hit outside of layers has no cells of a layer.
+  std::string row(const Report& report, const Listed_layer* layer, const Deep_hit* hit) const {
+    auto cells = layer ? cells_of(report, *layer) : std::vector<std::string>{report.name};
+    if (!layer && hit->map) cells.push_back(shortened(name_of(*hit->map)));
+    std::vector<std::string> common = document_cells(report.outline.document);
+    cells.resize(column_count - common.size());
+    for (std::string& cell : common) cells.push_back(shortened(std::move(cell)));
     if (states_) {
-      const Source_state* state = report.source_state(layer.layer());
+      const Source_state* state = layer ? report.source_state(layer->layer()) : nullptr;
       cells.emplace_back(state ? presence_word(state->presence) : "");
       cells.push_back(state ? state->path : "");
       cells.push_back(state ? fmt::format("{}", fmt::join(state->missing_parts, " ")) : "");
+    }
+    if (is_deep()) {
+      cells.push_back(hit ? fmt::format("{}", hit->position) : "");
+      cells.push_back(hit ? hit->context : "");
     }
     return format_.row(cells);
   }

@@ -51,10 +51,7 @@ Json source_json(const Tmxd_layer& layer, const Source_state* state) {
                {"dataset", text_or_null(source.dataset)},
                {"path", text_or_null(data_path(layer))},
                {"relative", is_relative(source.workspace)}};
-  if (!state) return json;
-  json["state"] = presence_word(state->presence);
-  json["resolved_path"] = text_or_null(state->path);
-  json["missing_parts"] = state->missing_parts;
+  set_state(json, state);
   return json;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "mxdinfo/facts/legend_entries.h"
+#include "mxdinfo/facts/source_state.h"
 
 namespace mxdinfo {
 
@@ -14,6 +15,12 @@ using Json = nlohmann::ordered_json;
 
 // Null for an empty text.
 Json text_or_null(std::string_view text);
+
+// A member that is a text. Empty if there is none.
+std::string text_at(const Json& object, const char* key);
+
+// Sets the members of a source that say whether and where its data is; null removes them.
+void set_state(Json& source, const Source_state* state);
 
 // Escapes control and direction characters that JSON allows, but terminals act on. An indent of -1
 // gives one line.

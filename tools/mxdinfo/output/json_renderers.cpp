@@ -14,6 +14,19 @@ Json text_or_null(std::string_view text) {
   return text.empty() ? Json(nullptr) : Json(text);
 }
 
+std::string text_at(const Json& object, const char* key) {
+  const auto found = object.is_object() ? object.find(key) : object.end();
+  return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
+void set_state(Json& source, const Source_state* state) {
+  for (const char* key : {"state", "resolved_path", "missing_parts"}) source.erase(key);
+  if (!state) return;
+  source["state"] = presence_word(state->presence);
+  source["resolved_path"] = text_or_null(state->path);
+  source["missing_parts"] = state->missing_parts;
+}
+
 Json class_json(const Legend_entry& entry) {
   const std::string heading = entry.group ? utf8(entry.group->label) : std::string();
   return {{"heading", text_or_null(heading)},

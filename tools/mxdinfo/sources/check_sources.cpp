@@ -26,17 +26,17 @@ bool is_file_name(std::string_view name) {
 }
 
 // The file or folder that holds the data, as stored.
-std::string file_path(const Tmxd_layer& layer, std::string_view kind, const Source& source) {
-  if (kind == "file_geodatabase" || kind == "personal_geodatabase") return source.workspace;
-  if (kind == "coverage") {
-    const bool alone = source.feature_dataset.empty();
-    return joined(source.workspace, alone ? source.dataset : source.feature_dataset);
+std::string file_path(const Stored_data& data) {
+  if (data.kind == "file_geodatabase" || data.kind == "personal_geodatabase") return data.workspace;
+  if (data.kind == "coverage") {
+    const bool alone = data.feature_dataset.empty();
+    return joined(data.workspace, alone ? data.dataset : data.feature_dataset);
   }
-  if (kind != "other") return data_path(layer);
+  if (data.kind != "other") return data.path;
   // Spreadsheets and databases are workspaces; a drawing holds several feature classes.
-  if (is_file_name(source.workspace)) return source.workspace;
-  const bool drawing = is_file_name(source.feature_dataset);
-  return joined(source.workspace, drawing ? source.feature_dataset : source.dataset);
+  if (is_file_name(data.workspace)) return data.workspace;
+  const bool drawing = is_file_name(data.feature_dataset);
+  return joined(data.workspace, drawing ? data.feature_dataset : data.dataset);
 }
 
 std::vector<std::string> missing_of_shapefile(const Folder_names& names, const std::string& path) {
@@ -65,39 +65,39 @@ std::vector<std::string> missing_parts(const Folder_names& names, std::string_vi
   return {};
 }
 
-Document_place place_of(const Report& report) {
-  Document_place place;
-  const std::string& path = report.name_bytes.empty() ? report.name : report.name_bytes;
-  if (path != "-") place.folder = parent_folder(absolute_path(path));
-  if (const auto& saved = report.outline.document.saved_path) place.saved_path = utf8(*saved);
-  return place;
+}  // namespace
+
+Document_place place_of(const std::string& path, std::string saved_path) {
+  return {path == "-" ? std::string() : parent_folder(absolute_path(path)), std::move(saved_path)};
 }
 
-Source_state state_of(const Tmxd_layer& layer, const Source_places& places,
+Source_state state_of(const Stored_data& data, const Source_places& places,
                       const Document_place& document) {
-  const Source source = source_of(layer);
-  const std::string_view kind = data_kind(layer);
-  const std::string stored = file_path(layer, kind, source);
-  if (kind == "sde" || kind == "service" || stored.empty()) return {};
-  const auto found = places.find(stored, is_relative(source.workspace), document);
+  const std::string stored = file_path(data);
+  if (data.kind == "sde" || data.kind == "service" || stored.empty()) return {};
+  const auto found = places.find(stored, is_relative(data.workspace), document);
   if (!found) return {Presence::missing, places.expected(stored), {}};
-  auto missing = missing_parts(places.names(), kind, found->path);
+  auto missing = missing_parts(places.names(), data.kind, found->path);
   const Presence presence = !missing.empty()     ? Presence::missing
                             : found->is_relative ? Presence::relative
                                                  : Presence::found;
   return {presence, found->path, std::move(missing)};
 }
 
-}  // namespace
-
 Source_states check_sources(const Report& report, const Source_places& places) {
   Source_states states;
-  const Document_place document = place_of(report);
+  const Document_place document =
+      place_of(report.name_bytes.empty() ? report.name : report.name_bytes,
+               utf8(report.outline.document.saved_path.value_or(Wide_string())));
   for (const Map_outline& map : report.outline.maps) {
     for (const Listed_layer& listed : listed_layers(map)) {
       const Tmxd_layer* layer = listed.layer();
-      if (!layer || source_of(*layer).empty()) continue;
-      states.emplace(layer, state_of(*layer, places, document));
+      if (!layer) continue;
+      const Source source = source_of(*layer);
+      if (source.empty()) continue;
+      const Stored_data data{std::string(data_kind(*layer)), source.workspace,
+                             source.feature_dataset, source.dataset, data_path(*layer)};
+      states.emplace(layer, state_of(data, places, document));
     }
   }
   return states;
