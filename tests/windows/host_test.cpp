@@ -11,7 +11,9 @@
 #include "support/object_builder.h"
 #include "support/sample_document.h"
 #include "support/temp_file.h"
-#include "windows/child.h"
+
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
 
 namespace mxd::test {
 namespace {
@@ -80,39 +82,83 @@ TEST(Host, long_paths_are_loaded_and_saved_behind_their_prefix) {
   for (auto each = made.rbegin(); each != made.rend(); ++each) fs::remove(*each);
 }
 
-TEST(Host, a_file_that_another_process_writes_is_loaded_once_released) {
+TEST(Host, a_file_that_is_open_for_writing_is_loaded_once_released) {
   const Temp_file file(sample_document());
   Host_document document;
-  Child writer(Task::hold, file.path(), Child_streams::piped);
-  ASSERT_EQ("held\r\n", writer.read_line());
+  const HANDLE writer = CreateFileW(file.path().c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(INVALID_HANDLE_VALUE, writer);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(document.load(file.path()));
   const auto tried = std::chrono::steady_clock::now() - start;
   EXPECT_GE(tried, std::chrono::milliseconds(19)) << "twenty tries, a millisecond each";
   EXPECT_LE(tried, std::chrono::seconds(10));
-  writer.finish();
+  CloseHandle(writer);
   EXPECT_TRUE(document.load(file.path()));
 }
 
-TEST(Host, failed_objects_are_told_on_the_standard_output) {
+constexpr wchar_t path_variable[] = L"VQK_CHILD_PATH";
+
+// What a child process ends with, a sum of these.
+constexpr int child_loaded = 2;
+constexpr int child_has_output = 4;
+
+int load_as_child(const wchar_t* path) {
+  const int loaded = Host_document().load(path) ? child_loaded : 0;
+  const DWORD output = GetFileType(GetStdHandle(STD_OUTPUT_HANDLE));
+  return loaded + (output == FILE_TYPE_UNKNOWN ? 0 : child_has_output);
+}
+
+// Runs this program again as another process, which loads the file. Returns its exit code.
+int load_in_child(const std::wstring& path, bool has_output, std::string& written) {
+  SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+  HANDLE from_child = nullptr;
+  HANDLE to_parent = nullptr;
+  EXPECT_NE(0, CreatePipe(&from_child, &to_parent, &inherited, 0));
+  SetHandleInformation(from_child, HANDLE_FLAG_INHERIT, 0);
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = has_output ? STARTF_USESTDHANDLES : 0;
+  startup.hStdOutput = startup.hStdError = to_parent;
+  wchar_t program[MAX_PATH];
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  PROCESS_INFORMATION process = {};
+  SetEnvironmentVariableW(path_variable, path.c_str());
+  EXPECT_NE(
+      0, CreateProcessW(program, nullptr, nullptr, nullptr, has_output,
+                        has_output ? 0 : DETACHED_PROCESS, nullptr, nullptr, &startup, &process));
+  SetEnvironmentVariableW(path_variable, nullptr);
+  CloseHandle(to_parent);
+  char next = 0;
+  DWORD size = 0;
+  while (ReadFile(from_child, &next, 1, &size, nullptr) != 0 && size == 1) written += next;
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = 0;
+  GetExitCodeProcess(process.hProcess, &code);
+  for (const HANDLE handle : {from_child, process.hThread, process.hProcess}) CloseHandle(handle);
+  return static_cast<int>(code);
+}
+
+TEST(Host, failed_objects_are_written_to_the_standard_output) {
   const Temp_file file(damaged_document());
-  Child host(Task::load, file.path(), Child_streams::piped);
-  EXPECT_EQ("ERROR IN 12 mxd_map  4\r\n", host.read_line());
-  EXPECT_EQ("", host.read_line());
-  EXPECT_EQ(child_loaded + child_has_output, host.finish());
+  std::string written;
+  EXPECT_EQ(child_loaded + child_has_output, load_in_child(file.path(), true, written));
+  EXPECT_EQ("ERROR IN 12 mxd_map  4\r\n", written);
 }
 
 TEST(Host, failed_objects_do_no_harm_without_a_standard_output) {
   const Temp_file file(damaged_document());
-  EXPECT_EQ(child_loaded, Child(Task::load, file.path(), Child_streams::none).finish());
+  std::string written;
+  EXPECT_EQ(child_loaded, load_in_child(file.path(), false, written));
 }
 
 }  // namespace
 }  // namespace mxd::test
 
 int main(int argc, char** argv) {
-  const mxd::test::Task task = mxd::test::child_task();
-  if (task != mxd::test::Task::none) return mxd::test::run_as_child(task);
+  const wchar_t* path = _wgetenv(mxd::test::path_variable);
+  if (path) return mxd::test::load_as_child(path);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
