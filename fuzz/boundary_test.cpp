@@ -15,7 +15,6 @@
 #include "support/compound_builder.h"
 #include "support/host_document.h"
 #include "support/sample_document.h"
-#include "support/special_files.h"
 #include "support/temp_file.h"
 #include "tree_walk.h"
 

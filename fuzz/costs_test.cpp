@@ -1,110 +1,90 @@
-// Documents made to cost much. Each grows to twice and four times its size, and whatever is counted
-// must not grow faster; nothing here depends on a clock.
+// Documents that are made to cost much.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <functional>
-#include <map>
-
+#include "counted_memory.h"
 #include "growth.h"
 #include "hostile_streams.h"
 #include "measured_load.h"
 #include "support/damaged_files.h"
-#include "support/temp_file.h"
+#include "support/outline_checks.h"
 
 namespace mxd::fuzz {
 namespace {
 
 using namespace mxd::test;
 
+TEST(Costs, of_streams_grow_with_their_size) {
+  for (const Hostile_stream& row : decoder_streams()) {
+    expect_linear(row.name, row.n, [&](int n) -> Costs {
+      const Bytes stream = row.make(n);
+      const Work work = work_of_stream(stream.data());
+      EXPECT_LE(work.spent, work.limit);
+      EXPECT_EQ(work.exhausted, row.exhausts_budget);
+      return {{"bytes", stream.size()},     {"budget", work.spent},
+              {"objects", work.objects},    {"search steps", work.search_steps},
+              {"error lines", work.errors}, {"output", work.output},
+              {"memory", work.memory}};
+    });
+  }
+}
+
+Costs costs_of_file(const Compound_file& file) {
+  const Byte_run bytes = file.build();
+  const Work work = work_of_file(bytes);
+  EXPECT_LE(work.bytes_read, 2 * bytes.size() + 1024);
+  return {{"bytes", bytes.size()}, {"bytes read", work.bytes_read}, {"memory", work.memory}};
+}
+
 Compound_file plain(int n) {
   const auto size = static_cast<std::size_t>(n) * 512;
   return Compound_file().stream("Mini", noise(700)).stream("Maps", noise(size));
 }
 
-Compound_file small_pieces(int n) {
-  return plain(n).cutoff(0x7FFFFFFF);
-}
-
-Byte_run decoy_entries(int n) {
+Compound_file decoy_entries(int n) {
   Compound_file file;
   for (int i = 0; i < 4 * n; ++i) file.unused_entry("decoy");
-  return file.stream("Maps", noise(5000)).build();
-}
-
-struct Row {
-  std::string name;
-  int n;
-  std::function<Byte_run(int n)> make;
-  bool exhausts = false;
-};
-
-const std::vector<Damaged_file>& damaged(int n) {
-  static std::map<int, std::vector<Damaged_file>> files;
-  const auto [found, added] = files.try_emplace(n);
-  if (added) found->second = damaged_files(static_cast<std::size_t>(n) * 512);
-  return found->second;
-}
-
-std::vector<Row> file_rows() {
-  std::vector<Row> result = {
-      {"intact", 100, [](int n) { return plain(n).build(); }},
-      {"small pieces", 100, [](int n) { return small_pieces(n).fragmented(3).build(); }},
-      {"crossing chains", 100,
-       [](int n) { return plain(n).link("Mini", 0, 0).link("Maps", 9, 1).build(); }},
-      {"decoy entries", 100, decoy_entries},
-  };
-  const std::size_t count = damaged(200).size();
-  for (std::size_t i = 0; i < count; ++i) {
-    result.push_back(
-        {damaged(200)[i].name, 200, [=](int n) { return damaged(n)[i].file.build(); }});
-  }
-  return result;
-}
-
-void print(const Row& row, int n, std::size_t size, const Work& work) {
-  std::printf(
-      "| %s | %d | %zu | %llu | %llu | %llu | %llu | %llu | %llu |\n", row.name.c_str(), n, size,
-      static_cast<unsigned long long>(work.bytes_read), static_cast<unsigned long long>(work.spent),
-      static_cast<unsigned long long>(work.objects),
-      static_cast<unsigned long long>(work.search_steps),
-      static_cast<unsigned long long>(work.output), static_cast<unsigned long long>(work.memory));
-}
-
-void expect_linear(const Row& row, Work (*measure)(const Byte_run&)) {
-  SCOPED_TRACE(row.name);
-  Work once;
-  for (const int times : {1, 2, 4}) {
-    const Byte_run bytes = row.make(times * row.n);
-    const Work work = measure(bytes);
-    print(row, times * row.n, bytes.size(), work);
-    EXPECT_LE(work.spent, work.limit);
-    EXPECT_EQ(work.exhausted, row.exhausts);
-    if (times == 1) once = work;
-    const auto factor = static_cast<unsigned>(times);
-    expect_no_faster("bytes read", once.bytes_read, work.bytes_read, factor);
-    expect_no_faster("budget", once.spent, work.spent, factor);
-    expect_no_faster("objects", once.objects, work.objects, factor);
-    expect_no_faster("search steps", once.search_steps, work.search_steps, factor);
-    expect_no_faster("error lines", once.errors, work.errors, factor);
-    expect_no_faster("output", once.output, work.output, factor);
-    expect_no_faster("memory", once.memory, work.memory, factor);
-  }
-}
-
-TEST(Costs, of_streams_grow_with_their_size) {
-  for (const auto& [name, n, make, exhausts_budget] : decoder_streams()) {
-    const auto bytes = [make = make](int count) { return make(count).data(); };
-    expect_linear({name, n, bytes, exhausts_budget}, work_of_stream);
-  }
+  return file.stream("Maps", noise(5000));
 }
 
 TEST(Costs, of_files_grow_with_their_size) {
-  for (const Row& row : file_rows()) {
-    expect_linear(row, [](const Byte_run& bytes) {
-      const Work work = work_of_file(Temp_file(bytes).path());
-      EXPECT_LE(work.bytes_read, 2 * bytes.size() + 1024);
-      return work;
+  expect_linear("intact", 100, [](int n) { return costs_of_file(plain(n)); });
+  expect_linear("small pieces", 100,
+                [](int n) { return costs_of_file(plain(n).cutoff(0x7FFFFFFF).fragmented(3)); });
+  expect_linear("crossing chains", 100, [](int n) {
+    return costs_of_file(plain(n).link("Mini", 0, 0).link("Maps", 9, 1));
+  });
+  expect_linear("decoy entries", 100, [](int n) { return costs_of_file(decoy_entries(n)); });
+}
+
+TEST(Costs, of_damaged_files_grow_with_their_size) {
+  constexpr std::size_t size = 200 * 512;
+  const std::vector<Damaged_file> files[] = {damaged_files(size), damaged_files(2 * size),
+                                             damaged_files(4 * size)};
+  for (std::size_t i = 0; i < files[0].size(); ++i) {
+    expect_linear(files[0][i].name.c_str(), 1,
+                  [&](int times) { return costs_of_file(files[times / 2][i].file); });
+  }
+}
+
+TEST(Costs, of_outlines_grow_with_the_stream) {
+  for (const Hostile_stream& row : outline_streams()) {
+    expect_linear(row.name, row.n, [&](int n) -> Costs {
+      const Bytes stream = row.make(n);
+      Recorded_errors errors;
+      Tmxd_mxd document;
+      load_maps(document, stream.data(), errors);
+      forget_peak();
+      const Outline outline = read_outline(document, {stream.data(), stream.data(), stream.data()});
+      const std::uint64_t memory = peak_memory();
+      EXPECT_EQ(outline_fault(outline, stream.size()), "");
+      constexpr std::size_t max_steps_per_byte = 6;
+      EXPECT_LE(outline.steps, max_steps_per_byte * stream.size());
+      std::uint64_t records = 0;
+      for (const Map_outline& map : outline.maps) records += map.records.size();
+      return {{"bytes", stream.size()},
+              {"steps", outline.steps},
+              {"records", records},
+              {"memory", memory}};
     });
   }
 }

@@ -68,7 +68,7 @@ void fail_from_allocation(std::uint64_t number) {
 
 }  // namespace mxd::fuzz
 
-// No class of the project asks for more alignment than all blocks have.
+// The forms that the project and the standard library use. std::stable_sort takes the nothrow one.
 void* operator new(std::size_t size) {
   return allocate_or_throw(size);
 }
@@ -77,12 +77,6 @@ void* operator new[](std::size_t size) {
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return allocate(size);
-}
-void* operator new(std::size_t size, std::align_val_t) {
-  return allocate_or_throw(size);
 }
 void operator delete(void* block) noexcept {
   release(block);
@@ -94,17 +88,5 @@ void operator delete(void* block, std::size_t) noexcept {
   release(block);
 }
 void operator delete[](void* block, std::size_t) noexcept {
-  release(block);
-}
-void operator delete(void* block, const std::nothrow_t&) noexcept {
-  release(block);
-}
-void operator delete[](void* block, const std::nothrow_t&) noexcept {
-  release(block);
-}
-void operator delete(void* block, std::align_val_t) noexcept {
-  release(block);
-}
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
   release(block);
 }

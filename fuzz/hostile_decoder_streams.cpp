@@ -20,13 +20,13 @@ Bytes line_template(int number, std::int64_t claimed, int items) {
 
 // Its template comes last; what would follow is left out, so that the line fails.
 Bytes cartographic_line(int number, const Bytes& its_template) {
-  return Bytes().object(Tmxd_cartographic_line_symbol::clsid, number, 1,
-                        Bytes().i32(0).i32(0).f64(1).u8(0).f64(0).add(its_template));
+  return object<Tmxd_cartographic_line_symbol>(
+      number, 1, Bytes().i32(0).i32(0).f64(1).u8(0).f64(0).add(its_template));
 }
 
 Bytes line_fill(int number, const Bytes& pattern, const Bytes& outline) {
-  return Bytes().object(Tmxd_line_fill_symbol::clsid, number, 1,
-                        Bytes().f64s({1, 2}).add(pattern).add(outline).f64s({3, 4, 5}).trailer());
+  return object<Tmxd_line_fill_symbol>(
+      number, 1, Bytes().f64s({1, 2}).add(pattern).add(outline).f64s({3, 4, 5}).trailer());
 }
 
 Bytes endless_template(int n) {
@@ -97,13 +97,13 @@ Bytes shared_words(int n) {
 
 Bytes empty_maps(int n) {
   Bytes maps;
-  for (int i = 0; i < n; ++i) maps.add(Bytes().object(Tmxd_map::clsid, i, 7, Bytes().wide("")));
+  for (int i = 0; i < n; ++i) maps.add(object<Tmxd_map>(i, 7, Bytes().wide("")));
   return Bytes().i32(n).add(maps);
 }
 
 Bytes hash_line(int number, const Bytes& its_line) {
-  return Bytes().object(Tmxd_hash_line_symbol::clsid, number, 1,
-                        Bytes().f64(1).i32(0).i32(0).f64(1).u8(0).f64(0).add(its_line));
+  return object<Tmxd_hash_line_symbol>(
+      number, 1, Bytes().f64(1).i32(0).i32(0).f64(1).u8(0).f64(0).add(its_line));
 }
 
 // Each line's slot finds the next line.
@@ -120,19 +120,18 @@ Bytes deep_copies(int n) {
   for (int i = 2; i <= levels; ++i) {
     deep = hash_line(i, deep).null_object().counting(16).trailer().u8(0).f64s({0, 0});
   }
-  const Bytes again = Bytes().reference(Tmxd_hash_line_symbol::clsid, levels);
+  const Bytes again = reference<Tmxd_hash_line_symbol>(levels);
   Bytes classes;
   for (int i = 0; i < n; ++i) classes.add(legend_class(1000 + i, 2, "", again));
-  return in_layer(Bytes().object(Tmxd_simple_renderer::clsid, 60000, 1,
-                                 Bytes(deep).add(legend_group(60001, "", n, classes))));
+  return in_layer(
+      object<Tmxd_simple_renderer>(60000, 1, Bytes(deep).add(legend_group(60001, "", n, classes))));
 }
 
 // Each byte becomes six in the XML.
 Bytes escapes(int n) {
   Bytes maps;
   for (int i = 0; i < n; ++i) {
-    maps.add(Bytes()
-                 .object(Tmxd_map::clsid, 2 * i, 7, Bytes().wide(""))
+    maps.add(object<Tmxd_map>(2 * i, 7, Bytes().wide(""))
                  .object(Tmxd_geographic_coordinate_system::clsid, 2 * i + 1, 1,
                          Bytes().narrow(std::string(9999, '"'))));
   }

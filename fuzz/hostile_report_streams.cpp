@@ -24,9 +24,10 @@ Bytes colored_line(int number) {
 }
 
 Bytes char_marker(int number, const std::string& font_name) {
-  return Bytes().object(Tmxd_char_marker_symbol::clsid, number, 3,
-                        Packed(rgb_color(number + 1, 50), 0x41, 0.0, 8.0, 0.0, 0.0, 0.0, 0.0,
-                               trailer(), word(65535), Bytes().wide(font_name), Bytes().zeros(28)));
+  return object<Tmxd_char_marker_symbol>(
+      number, 3,
+      {rgb_color(number + 1, 50), 0x41, 0.0, 8.0, 0.0, 0.0, 0.0, 0.0, trailer(), word(65535),
+       Bytes().wide(font_name), Bytes().zeros(28)});
 }
 
 Bytes multilayer_marker(int number, int layers, const Bytes& first, const Bytes& again) {
@@ -41,9 +42,8 @@ Bytes multilayer_marker(int number, int layers, const Bytes& first, const Bytes&
 constexpr int line_number = 60002;
 
 Bytes in_legend(int classes, const Bytes& content) {
-  return in_layer(
-      Bytes().object(Tmxd_simple_renderer::clsid, 60000, 1,
-                     colored_line(line_number).add(legend_group(60001, "", classes, content))));
+  return in_layer(object<Tmxd_simple_renderer>(
+      60000, 1, colored_line(line_number).add(legend_group(60001, "", classes, content))));
 }
 
 // The first class has the symbol of that number, all others refer to it.
@@ -58,7 +58,7 @@ Bytes in_classes(int n, const Class_id& id, int number, const Bytes& symbol) {
 // One long font name, drawn by each layer of each class.
 Bytes font_names(int n) {
   constexpr int layers = 9;
-  const Bytes again = Bytes().reference(Tmxd_char_marker_symbol::clsid, 1);
+  const Bytes again = reference<Tmxd_char_marker_symbol>(1);
   return in_classes(n, Tmxd_multilayer_marker_symbol::clsid, 100,
                     multilayer_marker(100, layers, char_marker(1, std::string(500, 'F')), again));
 }
@@ -67,12 +67,13 @@ Bytes font_names(int n) {
 Bytes markers_along_lines(int n) {
   Bytes classes;
   for (int i = 0; i < n; ++i) {
-    const Bytes marker = i == 0 ? char_marker(1, long_text('F'))
-                                : Bytes().reference(Tmxd_char_marker_symbol::clsid, 1);
-    classes.add(legend_class(10000 + i, 2, "",
-                             Bytes().object(Tmxd_marker_line_symbol::clsid, 100 + i, 1,
-                                            Packed(byte(0), 0.0, marker, Bytes().null_object(),
-                                                   run(16), trailer(), run(25)))));
+    const Bytes marker =
+        i == 0 ? char_marker(1, long_text('F')) : reference<Tmxd_char_marker_symbol>(1);
+    classes.add(legend_class(
+        10000 + i, 2, "",
+        object<Tmxd_marker_line_symbol>(
+            100 + i, 1,
+            {byte(0), 0.0, marker, Bytes().null_object(), run(16), trailer(), run(25)})));
   }
   return in_legend(n, classes);
 }
@@ -84,15 +85,15 @@ Bytes dashes(int number, int items, double filled, double empty) {
 }
 
 Bytes hash_line(int number, const Bytes& line, const Bytes& its_template) {
-  return Bytes().object(Tmxd_hash_line_symbol::clsid, number, 1,
-                        Packed(90.0, 0, 0, 4000.0, byte(0), 0.0, line,
-                               Bytes().reference(Tmxd_rgb_color::clsid, line_number + 1),
-                               its_template, run(16), trailer(), byte(0), 0.0, 0.0));
+  return object<Tmxd_hash_line_symbol>(
+      number, 1,
+      {90.0, 0, 0, 4000.0, byte(0), 0.0, line, reference<Tmxd_rgb_color>(line_number + 1),
+       its_template, run(16), trailer(), byte(0), 0.0, 0.0});
 }
 
 // A line of hashes of hashes for each class. All have one pattern.
 Bytes hashes(int n, const Bytes& pattern) {
-  const Bytes again = Bytes().reference(Tmxd_line_template::clsid, 1);
+  const Bytes again = reference<Tmxd_line_template>(1);
   const Bytes line = Bytes().reference(simple_line_id, line_number);
   Bytes classes;
   for (int i = 0; i < n; ++i) {
@@ -131,9 +132,9 @@ Bytes shared_sources(int n) {
   const std::string name = long_text('S');
   Bytes layers;
   for (int i = 0; i < n; ++i) {
-    Bytes source = Bytes().reference(Tmxd_feature_class_name::clsid, 1);
-    Bytes folder = Bytes().reference(Tmxd_workspace_name::clsid, 2);
-    Bytes system = Bytes().reference(Tmxd_geographic_coordinate_system::clsid, 3);
+    Bytes source = reference<Tmxd_feature_class_name>(1);
+    Bytes folder = reference<Tmxd_workspace_name>(2);
+    Bytes system = reference<Tmxd_geographic_coordinate_system>(3);
     if (i == 0) {
       source = feature_class(1, name.c_str());
       folder = workspace(2, name.c_str());
@@ -153,21 +154,20 @@ Bytes shared_sources(int n) {
 // One legend class with a long label, which all others refer to.
 Bytes shared_labels(int n) {
   const std::string label = long_text('C');
-  return in_legend(n,
-                   Bytes(legend_class(10000, 2, label.c_str(), line_symbol(1, 1)))
-                       .add(repeated(n - 1, Bytes().reference(Tmxd_legend_class::clsid, 10000))));
+  return in_legend(n, Bytes(legend_class(10000, 2, label.c_str(), line_symbol(1, 1)))
+                          .add(repeated(n - 1, reference<Tmxd_legend_class>(10000))));
 }
 
 Bytes layer_references(int n) {
-  return in_map(feature_layer(1, simple_renderer(10))
-                    .add(repeated(n, Bytes().reference(Tmxd_feature_layer::clsid, 1))));
+  return in_map(
+      feature_layer(1, simple_renderer(10)).add(repeated(n, reference<Tmxd_feature_layer>(1))));
 }
 
 // Layers that cannot be read, each of them a loss of a map with a long name.
 Bytes broken_layers(int n) {
   Bytes layers;
   for (int i = 0; i < n; ++i) {
-    layers.add(Bytes().object(Tmxd_feature_layer::clsid, 1 + i, 1, Bytes().i32(99999)));
+    layers.add(object<Tmxd_feature_layer>(1 + i, 1, Bytes().i32(99999)));
   }
   return Bytes().i32(1).add(map_record(outer_number, long_text('M').c_str(), layers));
 }

@@ -2,14 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "storage/stream.h"
-#include "storage/text.h"
 
 namespace mxd::fuzz {
 
 struct Work {
-  bool loaded = false;
+  bool found = false;            // the stream "Maps"
   std::uint64_t bytes_read = 0;  // of the file
   std::uint64_t spent = 0;       // of the budget
   std::uint64_t limit = 0;       // of the budget
@@ -21,10 +21,10 @@ struct Work {
   std::uint64_t memory = 0;  // bytes, the most at a time
 };
 
-// Loads the document at the path as a host would, and writes both outputs.
-Work work_of_file(const Wide_string& path);
+// Loads the document of these bytes, and writes both outputs.
+Work work_of_file(const Byte_run& file);
 
 // The same for a document that has these bytes for its stream "Maps".
-Work work_of_stream(const Byte_run& maps);
+Work work_of_stream(std::span<const std::uint8_t> maps);
 
 }  // namespace mxd::fuzz

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "mxdinfo/output/bounded_text.h"
-#include "storage/memory_stream.h"
 #include "storage/unicode.h"
+#include "support/outline_checks.h"
 
 namespace mxd::fuzz {
 namespace {
@@ -100,6 +100,13 @@ bool is_well_formed(const Report_form& form, const std::string& text) {
   }
 }
 
+// A JSON value is written as a whole, so one large value may be all that is cut.
+bool is_cut_without_need(const Report_form& form, const Written_document& output) {
+  constexpr std::size_t min_cut_size = 100'000;
+  const bool is_json = form.options.format == Format::json || form.options.format == Format::ndjson;
+  return !output.is_complete && !is_json && output.text.size() < min_cut_size;
+}
+
 }  // namespace
 
 const std::vector<Report_form>& report_forms() {
@@ -119,24 +126,10 @@ const std::vector<Report_form>& report_forms() {
 void load_report(Report& report, std::span<const std::uint8_t> maps) {
   report.name = "plan.mxd";
   report.size = report.bytes_read = maps.size();
-  Tmxd_stream_m bytes;
-  static_cast<void>(bytes.write(maps.data(), 1, maps.size()));
   Error_collector errors(report.errors);
-  Load load(errors, maps.size());
-  static_cast<void>(report.content.load_maps(bytes, {}, load));
+  test::load_maps(report.content, maps, errors);
   report.outline = read_outline(report.content, {maps, maps, maps});
 }
-
-namespace {
-
-// A JSON value is written as a whole, so one large value may be all that is cut.
-bool is_cut_without_need(const Report_form& form, const Written_document& output) {
-  constexpr std::size_t min_cut_size = 100'000;
-  const bool is_json = form.options.format == Format::json || form.options.format == Format::ndjson;
-  return !output.is_complete && !is_json && output.text.size() < min_cut_size;
-}
-
-}  // namespace
 
 std::string output_fault(const Report_form& form, const Report& report,
                          const Written_document& output) {

@@ -1,4 +1,5 @@
 // The outline of a document whose stream "Maps" has these bytes. Its other streams have them, too.
+#include "support/object_builder.h"
 #include "support/outline_checks.h"
 #include "target.h"
 
@@ -22,7 +23,8 @@ std::string shape(const Outline& outline) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::span<const std::uint8_t> all(data, size);
   Tmxd_mxd document;
-  test::load_maps(document, all);
+  test::Recorded_errors errors;
+  test::load_maps(document, all, errors);
   const Outline outline = read_outline(document, {all, all, all});
   const std::string fault = test::outline_fault(outline, size);
   fuzz::require(fault.empty(), fault.c_str());

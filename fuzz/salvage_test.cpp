@@ -19,8 +19,8 @@ constexpr int layers = 12;
 
 // A layer that has everything, so that none of its searches goes past its end.
 Bytes whole_layer(int number) {
-  const Bytes color = Bytes().object(Tmxd_rgb_color::clsid, number + 9, 1,
-                                     Bytes().counting(3).f64s({50, 0, 0}).u8(0).u8(0));
+  const Bytes color =
+      object<Tmxd_rgb_color>(number + 9, 1, Bytes().counting(3).f64s({50, 0, 0}).u8(0).u8(0));
   const Bytes line =
       Bytes().object(simple_line_id, number + 8, 1, Bytes(color).f64(1.5).i32(2).trailer());
   return feature_layer(number, simple_renderer(number + 3, line)

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <span>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -11,6 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace mxd::fuzz {
 
 // Ends the program when the condition does not hold, so that the fuzzer keeps the input.
-void require(bool condition, const char* what);
+inline void require(bool condition, const char* what) {
+  if (condition) return;
+  std::fprintf(stderr, "not so: %s\n", what);
+  std::abort();
+}
 
 }  // namespace mxd::fuzz

@@ -193,7 +193,7 @@ TEST(Object_read, nesting_ends_silently_at_a_hundred_levels) {
 
 TEST(Object_read, copies_count_as_the_levels_that_they_stand_for) {
   // Each object holds a reference to the one before: the copies grow by a level each.
-  Bytes chain = Bytes().reference(Nest::clsid, 1).u16(1).u8(0);
+  Bytes chain = reference<Nest>(1).u16(1).u8(0);
   constexpr int links = 150;
   for (int link = 2; link <= links; ++link) {
     chain.reference(Nest::clsid, link).u16(1).u8(1).reference(Nest::clsid, link - 1);

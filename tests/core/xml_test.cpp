@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "core/number_text.h"
-#include "document/mxd.h"
 #include "support/object_builder.h"
 
 namespace mxd::test {
@@ -52,11 +51,6 @@ TEST(Xml, is_written_before_it_is_complete) {
   for (int i = 0; i < 200; ++i) xml.add_string("text", std::string(1000, 'x'));
   EXPECT_GT(std::ftell(file), 100'000);
   std::fclose(file);
-}
-
-TEST(Xml, a_file_that_cannot_be_opened_fails) {
-  EXPECT_FALSE(Tmxd_mxd().save_xml(from_ascii("no such folder/file.xml")));
-  EXPECT_FALSE(Tmxd_mxd().save_xml(from_ascii(".")));
 }
 
 TEST(Numbers, have_six_significant_digits) {

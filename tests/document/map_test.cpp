@@ -20,13 +20,13 @@ void expect_maps(const std::string& section, const Bytes& bytes) {
 
 TEST(Layers, group_raster_and_graphics_are_read_and_shown) {
   const auto raster_layer = [](int number, const Bytes& data) {
-    return Bytes().object(Tmxd_raster_layer::clsid, number, 1,
-                          Bytes().u16(65535).wide("image").counting(18).add(data));
+    return object<Tmxd_raster_layer>(number, 1,
+                                     Bytes().u16(65535).wide("image").counting(18).add(data));
   };
-  const Bytes dataset = Bytes().object(Tmxd_raster_dataset_name::clsid, 3, 1,
-                                       Bytes().u16(0).wide("r").wide("").wide("").wide(""));
+  const Bytes dataset =
+      object<Tmxd_raster_dataset_name>(3, 1, Bytes().u16(0).wide("r").wide("").wide("").wide(""));
   const Bytes raster = raster_layer(2, Bytes().zeros(1).add(dataset).add(workspace(4, "w")));
-  const Bytes graphics = Bytes().object(Tmxd_fdo_graphics_layer::clsid, 5, 6, Bytes());
+  const Bytes graphics = object<Tmxd_fdo_graphics_layer>(5, 6, Bytes());
   const Bytes layers =
       group_layer(1, "g", 2).add(raster).add(graphics).add(raster_layer(7, workspace(8, "w")));
   expect_maps("layers", map_record(9, "m", layers));
@@ -47,17 +47,16 @@ TEST(Maps, without_layers_and_coordinate_system) {
 
 // A reference to a map names it, and holds nothing of it.
 TEST(Maps, one_that_fails_costs_only_itself) {
-  const Bytes broken = Bytes().object(Tmxd_map::clsid, 1, 1, Bytes().i32(10001));
+  const Bytes broken = object<Tmxd_map>(1, 1, Bytes().i32(10001));
   expect_maps("broken map", Packed(broken, map_record(2, "kept", group_layer(3, "layer", 0)),
-                                   Bytes().reference(Tmxd_map::clsid, 2)));
+                                   reference<Tmxd_map>(2)));
 }
 
 // The first layer ends after its feature class name; the second refers to that name.
 TEST(Layers, what_a_dropped_layer_held_can_still_be_referred_to) {
   const Bytes dropped = layer_record(10, "dropped", feature_class(11, "roads").zeros(30));
-  const Bytes kept = layer_record(
-      12, "kept",
-      Bytes().reference(Tmxd_feature_class_name::clsid, 11).add(workspace(13, "place")));
+  const Bytes kept =
+      layer_record(12, "kept", reference<Tmxd_feature_class_name>(11).add(workspace(13, "place")));
   expect_maps("dropped layer", map_record(1, "m", Bytes(dropped).add(kept)));
 }
 

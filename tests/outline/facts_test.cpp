@@ -13,7 +13,7 @@ Outlined with_layer(const Bytes& layer, const Bytes& after = {}) {
 
 TEST(Outline, definition_queries) {
   const Bytes query = text("A > 1");
-  const Bytes cmyk = Bytes().object(Tmxd_cmyk_color::clsid, 90, 1, run(8));
+  const Bytes cmyk = object<Tmxd_cmyk_color>(90, 1, run(8));
   const Bytes unknown = Bytes().object(unheard_of_id, 90, 1, run(29));
   const std::vector<Row> rows = {
       {"after no color", definition_query(query)},
@@ -70,7 +70,7 @@ TEST(Outline, labels) {
   const Bytes white = text_symbol(77, rgb_color(78, 100), font("Verdana", 10, 10));
   const Bytes two = Packed(label_class(74, text("[N]"), text_symbol(75, gray, arial)),
                            label_class(76, text("[M]"), white));
-  const Bytes stored = Bytes().reference(Tmxd_rgb_color::clsid, 72);
+  const Bytes stored = reference<Tmxd_rgb_color>(72);
   const std::vector<Row> rows = {
       {"shown", of(arial)},
       {"hidden", labels(73, 0, bare)},

@@ -6,7 +6,7 @@ namespace {
 
 // What a feature layer is without the data that it needs to be read.
 Bytes broken_layer(int number, const char* name) {
-  return Bytes().object(Tmxd_feature_layer::clsid, number, 34, text(name).counting(40));
+  return object<Tmxd_feature_layer>(number, 34, text(name).counting(40));
 }
 
 // A list where there is none: one member, of a length that fits, but not of a class.
@@ -21,12 +21,11 @@ std::vector<Row> rows() {
   const Bytes service = foreign_layer(40, map_service_id, "service");
   const Bytes known = before_list();
   const Bytes no_system = text("").null_object();
-  const Bytes again = Bytes().reference(Tmxd_feature_layer::clsid, 10);
+  const Bytes again = reference<Tmxd_feature_layer>(10);
   const Bytes nested = listed_group(50, "g",
                                     member_list({a, listed_group(51, "h", member_list({b})),
                                                  basemap(52, "m", member_list({service}))}));
-  const Bytes raster =
-      Bytes().object(Tmxd_raster_layer::clsid, 60, 17, Bytes().u16(2).add(text("r")).zeros(30));
+  const Bytes raster = object<Tmxd_raster_layer>(60, 17, Bytes().u16(2).add(text("r")).zeros(30));
   const Bytes of_unread_class =
       Bytes().object(unheard_of_id, 61, 3, Bytes().u16(7).add(text("x")).zeros(30));
   return {
@@ -71,7 +70,7 @@ TEST(Outline, maps_end_where_the_next_one_begins) {
       listed_map(1, "first", Bytes(before_list()).add(map_list({named_feature_layer(10, "a")})));
   const Bytes second = listed_map(
       2, "second", Bytes(text("")).null_object().add(map_list({named_feature_layer(20, "b")})));
-  const Bytes again = Bytes().reference(Tmxd_map::clsid, 1).counting(30);
+  const Bytes again = reference<Tmxd_map>(1).counting(30);
   const Outlined outlined(Bytes().i32(2).add(first).add(again).add(second).add(again));
   ASSERT_EQ(outlined.outline.maps.size(), 2U);
   const Map_outline& map = outlined.outline.maps[0];
@@ -94,16 +93,6 @@ TEST(Outline, records_say_where_and_what_a_layer_is) {
   EXPECT_EQ(record.number, 10);
   EXPECT_EQ(record.layer, &outlined.document.maps[0].layers[0]);
   EXPECT_EQ(record.counted_members, std::nullopt);
-}
-
-TEST(Outline, kinds_in_words) {
-  EXPECT_EQ(kind_in_words(Tmxd_group_layer::clsid.guid), "group layer");
-  EXPECT_EQ(kind_in_words(Tmxd_fdo_graphics_layer::clsid.guid), "graphics layer");
-  EXPECT_EQ(kind_in_words(basemap_id.guid), "basemap layer");
-  EXPECT_EQ(kind_in_words(map_service_id.guid), "map service layer");
-  EXPECT_EQ(kind_in_words(image_service_id.guid), "image service layer");
-  EXPECT_EQ(kind_in_words(unheard_of_id.guid),
-            "layer of an unknown kind, class A4BADC1B-EBED-4A29-99DC-C6334DE352AD");
 }
 
 TEST(Outline, every_prefix_of_a_stream_is_harmless) {

@@ -11,7 +11,7 @@ namespace mxd::test {
 
 struct Outlined {
   explicit Outlined(const Bytes& stream) {
-    load_maps(document, stream.data());
+    load_maps(document, stream.data(), errors);
     outline = read_outline(document, {stream.data(), {}, {}});
     EXPECT_EQ(outline_fault(outline, stream.size()), "");
   }
@@ -20,6 +20,7 @@ struct Outlined {
   // Of the map's first layer.
   const Feature_facts& facts() const { return map().records.at(0).facts; }
 
+  Recorded_errors errors;
   Tmxd_mxd document;
   Outline outline;
 };

@@ -44,7 +44,7 @@ TEST(Rendering_outputs, whole_records) {
 TEST(Rendering_outputs, cut_ranges) {
   const Bytes cut =
       Bytes().wide("POP").wide("hidden").add(two_ranges.prefix(two_ranges.size() - 8));
-  Decoder decoder(Bytes().object(Tmxd_class_breaks_renderer::clsid, 30, 2, cut));
+  Decoder decoder(object<Tmxd_class_breaks_renderer>(30, 2, cut));
   Tmxd_class_breaks_renderer renderer;
   EXPECT_FALSE(read_object(renderer, decoder.stream, -1, -1));
   EXPECT_EQ(renderer.wstr2, from_ascii("hidden"));

@@ -24,7 +24,7 @@ TEST(Legend_group, claimed_counts) {
 
 // A class that was thrown away, at a second read or for a failure, can still be referred to.
 TEST(Legend_group, dropped_classes_live_until_the_load_ends) {
-  const Bytes failing = Bytes().object(Tmxd_legend_class::clsid, 10, 1, line_symbol(11, 4).i32(-1));
+  const Bytes failing = object<Tmxd_legend_class>(10, 1, line_symbol(11, 4).i32(-1));
   Bytes record = legend_group(5, "", 1, legend_class(7, 1, "", line_symbol(6, 0.5)));
   record.add(legend_group(9, "", 1, failing));
   const std::size_t references = record.size();
@@ -54,7 +54,7 @@ TEST(Legend_class, run_is_filled_up_with_zeros) {
 // A class without a symbol takes the next one before the limit, and goes on after that. Where the
 // symbol is out of reach, the null id is an empty label and the first raw bytes.
 TEST(Legend_class, symbol_is_searched_for_up_to_the_limit) {
-  const Bytes before = Bytes().object(Tmxd_legend_class::clsid, 7, 1, Bytes().null_object().u8(9));
+  const Bytes before = object<Tmxd_legend_class>(7, 1, Bytes().null_object().u8(9));
   const Bytes record = Bytes().add(before).add(line_symbol(8, 3)).wide("label").counting(22);
   const auto symbol_at = static_cast<std::int64_t>(before.size());
   expect_decoded<Tmxd_legend_class>("rendering", "legend class, limits",
@@ -89,12 +89,11 @@ TEST(Renderer_slot, no_legend_takes_a_symbol_from_behind_the_limit) {
   const Bytes breaks = Bytes().wide("").wide("").i32(0).zeros(8);
   const Bytes unique = Bytes().i32(0).zeros(13).i32(0);
   for (const Bytes& renderer :
-       {Bytes().object(Tmxd_simple_renderer::clsid, 1, 1, legend),
-        Bytes().object(Tmxd_class_breaks_renderer::clsid, 1, 1, Bytes().add(breaks).add(legend)),
-        Bytes().object(Tmxd_unique_value_renderer::clsid, 1, 3,
-                       Bytes().add(unique).add(legend).i32(0)),
-        Bytes().object(Tmxd_unique_value_renderer::clsid, 1, 3,
-                       Bytes().add(unique).add(legend_group(4, "")).add(legend).zeros(20))}) {
+       {object<Tmxd_simple_renderer>(1, 1, legend),
+        object<Tmxd_class_breaks_renderer>(1, 1, Bytes().add(breaks).add(legend)),
+        object<Tmxd_unique_value_renderer>(1, 3, Bytes().add(unique).add(legend).i32(0)),
+        object<Tmxd_unique_value_renderer>(
+            1, 3, Bytes().add(unique).add(legend_group(4, "")).add(legend).zeros(20))}) {
     Decoder decoder(Bytes().add(renderer).add(line_symbol(9, 1)));
     Tmxd_renderer_slot slot;
     EXPECT_TRUE(slot.read(decoder.stream, static_cast<std::int64_t>(renderer.size())));

@@ -3,47 +3,31 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "support/damaged_files.h"
 #include "support/temp_file.h"
 
-namespace mxd {
+namespace mxd::test {
 namespace {
 
-using test::Compound_file;
-using test::Header_field;
-using test::noise;
-using test::Temp_file;
-
-struct Extracted {
-  bool found = false;
-  Byte_run bytes;
-};
-
-// The content of `out` before the call: shows whether it is unchanged.
-const Byte_run before = {'o', 'l', 'd'};
-
-Extracted extract(const Byte_run& file, std::string_view name = "Maps") {
+// The content of the stream. When nothing is found, the output keeps what it had before.
+std::optional<Byte_run> extract(const Byte_run& file, std::string_view name = "Maps") {
+  const Byte_run before = {'o', 'l', 'd'};
   const Temp_file temp(file);
   Tmxd_stream_m out;
   EXPECT_TRUE(out.write(before.data(), 1, before.size()));
   const bool found = read_named_stream(temp.path(), from_ascii(name), out);
-  return {found, {out.bytes().begin(), out.bytes().end()}};
+  const Byte_run bytes(out.bytes().begin(), out.bytes().end());
+  if (found) return bytes;
+  EXPECT_EQ(bytes, before);
+  return std::nullopt;
 }
 
-void expect_found(const Byte_run& file, const Byte_run& bytes, const std::string& what) {
-  const Extracted extracted = extract(file);
-  EXPECT_TRUE(extracted.found) << what;
-  EXPECT_TRUE(extracted.bytes == bytes)
-      << what << ": " << extracted.bytes.size() << " bytes for " << bytes.size();
-}
-
-void expect_nothing(const Byte_run& file, const std::string& what) {
-  const Extracted extracted = extract(file);
-  EXPECT_FALSE(extracted.found) << what;
-  EXPECT_EQ(extracted.bytes, before) << what;
+std::optional<Byte_run> extract(const Compound_file& file) {
+  return extract(file.build());
 }
 
 Byte_run first(const Byte_run& bytes, std::size_t count) {
@@ -55,88 +39,84 @@ TEST(Compound_file, streams_of_all_sizes_come_out_whole) {
     for (const std::size_t size :
          {0U, 1U, 63U, 64U, 65U, 511U, 513U, 4095U, 4096U, 4097U, 70000U}) {
       const Byte_run bytes = noise(size);
-      const auto file = Compound_file()
+      EXPECT_EQ(extract(Compound_file()
                             .stream("Small", noise(700, 2))
                             .stream("Large", noise(9000, 3))
                             .stream("Maps", bytes)
                             .stream("Other", noise(300, 4))
                             .unused_sectors(5)
-                            .fragmented(stride)
-                            .build();
-      expect_found(file, bytes, std::to_string(size) + " in steps of " + std::to_string(stride));
+                            .fragmented(stride)),
+                bytes)
+          << size << " in steps of " << stride;
     }
   }
 }
 
 TEST(Compound_file, the_header_chooses_the_cutoff) {
   const Byte_run bytes = noise(1000);
-  expect_found(Compound_file().cutoff(1000).stream("Maps", bytes).build(), bytes, "regular");
-  expect_found(Compound_file().cutoff(1001).stream("Maps", bytes).build(), bytes, "mini");
+  EXPECT_EQ(extract(Compound_file().cutoff(1000).stream("Maps", bytes)), bytes) << "regular";
+  EXPECT_EQ(extract(Compound_file().cutoff(1001).stream("Maps", bytes)), bytes) << "mini";
   // More mini sectors than one sector of the mini FAT covers.
   const Byte_run many = noise(30000);
-  expect_found(Compound_file().cutoff(40000).stream("Maps", many).fragmented(3).build(), many,
-               "long mini stream");
+  EXPECT_EQ(extract(Compound_file().cutoff(40000).stream("Maps", many).fragmented(3)), many);
 }
 
 TEST(Compound_file, a_large_fat_is_found_through_the_difat) {
   const Byte_run bytes = noise(7'500'000);
-  for (const std::size_t stride : {1U, 3U}) {
-    const auto file = Compound_file().stream("Maps", bytes).fragmented(stride).build();
-    expect_found(file, bytes, "DIFAT in steps of " + std::to_string(stride));
-  }
-  // Enough for a second DIFAT sector.
-  const auto file =
-      Compound_file().unused_sectors(31000).stream("Maps", bytes).fragmented(3).build();
-  expect_found(file, bytes, "two DIFAT sectors");
-  expect_found(Compound_file().stream("Maps", bytes).header(Header_field::difat_sectors, 0).build(),
-               first(bytes, (109 * 128 + 1) * 512), "only the header's 109 sectors");
+  const Compound_file file = Compound_file().stream("Maps", bytes);
+  EXPECT_EQ(extract(file), bytes);
+  EXPECT_EQ(extract(Compound_file(file).fragmented(3)), bytes);
+  EXPECT_EQ(extract(Compound_file(file).fragmented(3).unused_sectors(31000)), bytes)
+      << "two DIFAT sectors";
+  EXPECT_EQ(extract(Compound_file(file).header(Header_field::difat_sectors, 0)),
+            first(bytes, (109 * 128 + 1) * 512))
+      << "only the header's 109 sectors";
 }
 
 TEST(Compound_file, a_name_is_found_with_blanks_and_in_any_case) {
   const Byte_run bytes = noise(100);
   for (const auto* name : {"Maps", "MAPS", " Maps", "maps\t\r\n "}) {
-    expect_found(Compound_file().stream("Mapz", noise(9)).stream(name, bytes).build(), bytes, name);
+    EXPECT_EQ(extract(Compound_file().stream("Mapz", noise(9)).stream(name, bytes)), bytes) << name;
   }
   for (const auto* name : {"Map", "Mapss", "M aps", ""}) {
-    expect_nothing(Compound_file().stream(name, bytes).build(), name);
+    EXPECT_EQ(extract(Compound_file().stream(name, bytes)), std::nullopt) << name;
   }
-  EXPECT_EQ(extract(Compound_file().stream("Maps", bytes).build(), " mAPS ").bytes, bytes);
+  EXPECT_EQ(extract(Compound_file().stream("Maps", bytes).build(), " mAPS "), bytes);
 }
 
 TEST(Compound_file, the_first_entry_of_the_name_wins_whatever_it_is) {
   const Byte_run bytes = noise(100);
-  expect_found(Compound_file().stream("Maps", bytes).stream("MAPS", noise(5000, 2)).build(), bytes,
-               "two streams");
-  expect_found(Compound_file().unused_entry("Maps").stream("Maps", bytes).build(), {},
-               "an unused entry");
-  expect_found(Compound_file().storage("Maps").stream("Maps", bytes).build(), {}, "a storage");
+  const Byte_run empty;
+  const Compound_file file = Compound_file().stream("Maps", bytes);
+  EXPECT_EQ(extract(Compound_file(file).stream("MAPS", noise(5000, 2))), bytes);
+  EXPECT_EQ(extract(Compound_file().unused_entry("Maps").stream("Maps", bytes)), empty);
+  EXPECT_EQ(extract(Compound_file().storage("Maps").stream("Maps", bytes)), empty);
   Compound_file many;
   for (int i = 0; i < 50; ++i) many.stream("Decoy " + std::to_string(i), noise(70));
-  expect_found(many.stream("Maps", bytes).fragmented(5).build(), bytes, "many others before");
+  EXPECT_EQ(extract(many.stream("Maps", bytes).fragmented(5)), bytes);
 }
 
 TEST(Compound_file, the_signature_is_not_checked) {
   const Byte_run bytes = noise(100);
-  expect_found(Compound_file().stream("Maps", bytes).signature("notOLE!!").build(), bytes,
-               "foreign");
+  EXPECT_EQ(extract(Compound_file().stream("Maps", bytes).signature("notOLE!!")), bytes);
 }
 
 TEST(Compound_file, of_a_damaged_file_the_part_before_the_damage_is_read) {
   constexpr std::size_t size = 9216;
   const Byte_run bytes = noise(size);
-  for (const auto& [name, file, kept] : test::damaged_files(size)) {
+  for (const auto& [name, file, kept] : damaged_files(size)) {
     const Byte_run damaged = file.build();
-    if (kept == test::unspecified) {
-      EXPECT_LE(extract(damaged).bytes.size(), damaged.size()) << name;
-    } else if (kept == test::unreadable) {
-      expect_nothing(damaged, name);
+    const std::optional<Byte_run> extracted = extract(damaged);
+    if (kept == unspecified) {
+      EXPECT_LE(extracted.value_or(Byte_run()).size(), damaged.size()) << name;
+    } else if (kept == unreadable) {
+      EXPECT_EQ(extracted, std::nullopt) << name;
     } else {
-      expect_found(damaged, first(bytes, std::min(kept, size)), name);
+      EXPECT_EQ(extracted, first(bytes, std::min(kept, size))) << name;
     }
   }
-  expect_nothing({}, "empty file");
-  expect_nothing(Byte_run(511), "less than a header");
-  expect_nothing(first(Compound_file().stream("Maps", bytes).build(), 512), "only a header");
+  EXPECT_EQ(extract(Byte_run()), std::nullopt);
+  EXPECT_EQ(extract(Byte_run(511)), std::nullopt) << "less than a header";
 }
 
 // Of 258 sectors the third FAT sector has two. The stream goes on after the first of them.
@@ -144,7 +124,7 @@ TEST(Compound_file, the_last_fat_sector_is_read_for_few_entries) {
   const Byte_run bytes = noise(254 * 512);
   const Byte_run file = Compound_file().stream("Maps", bytes).fragmented(2).build();
   ASSERT_EQ(file.size(), (1 + 258) * 512U);
-  expect_found(file, bytes, "258 sectors");
+  EXPECT_EQ(extract(file), bytes);
 }
 
 TEST(Compound_file, any_truncation_gives_a_prefix_or_nothing) {
@@ -153,23 +133,13 @@ TEST(Compound_file, any_truncation_gives_a_prefix_or_nothing) {
     const Byte_run whole =
         Compound_file().cutoff(cutoff).stream("Maps", bytes).fragmented(3).build();
     for (std::size_t size = 0; size <= whole.size(); size += 256) {
-      const Extracted extracted = extract(first(whole, size));
-      if (!extracted.found) {
-        EXPECT_EQ(extracted.bytes, before) << size;
-      } else {
-        ASSERT_LE(extracted.bytes.size(), bytes.size()) << size;
-        EXPECT_EQ(extracted.bytes, first(bytes, extracted.bytes.size())) << size;
-      }
+      const Byte_run extracted = extract(first(whole, size)).value_or(Byte_run());
+      ASSERT_LE(extracted.size(), bytes.size()) << size;
+      EXPECT_EQ(extracted, first(bytes, extracted.size())) << size;
     }
-    EXPECT_EQ(extract(whole).bytes, bytes);
+    EXPECT_EQ(extract(whole), bytes);
   }
 }
 
-TEST(Compound_file, a_missing_file_has_no_streams) {
-  const Temp_file file;
-  Tmxd_stream_m out;
-  EXPECT_FALSE(read_named_stream(file.beside(u"missing.mxd"), from_ascii("Maps"), out));
-}
-
 }  // namespace
-}  // namespace mxd
+}  // namespace mxd::test

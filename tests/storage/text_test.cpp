@@ -54,16 +54,5 @@ TEST(Text, names_are_equal_whatever_their_case) {
   EXPECT_FALSE(equal_ignoring_case(from_ascii("a[{z"), from_ascii("a{[z")));
 }
 
-TEST(Text, bytes_to_hex_separates_pairs) {
-  EXPECT_EQ(bytes_to_hex({}, " "), "");
-  EXPECT_EQ(bytes_to_hex(Byte_run{0x0A, 0xFF}, " "), "0A FF");
-  EXPECT_EQ(bytes_to_hex(Byte_run{0x00, 0x1A, 0xFF}, ""), "001AFF");
-}
-
-TEST(Text, until_nul_cuts_eight_bit_text) {
-  EXPECT_EQ(truncate_at_nul(std::string_view("ab\0cd", 5)), "ab");
-  EXPECT_EQ(truncate_at_nul("ab"), "ab");
-}
-
 }  // namespace
 }  // namespace mxd

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <memory>
-#include <sstream>
+#include <regex>
 
 #include "support/object_builder.h"
 #include "symbology/symbol_classes.h"
@@ -17,7 +17,7 @@ struct Class_row {
   // The symbol trailer's first word is 13 in a valid record.
   Bytes (*fields)(int number, int mark);
   std::unique_ptr<Tmxd_obj> (*make)();
-  void (*expect_prefixes_fail)(const Bytes& record, std::size_t complete_from);
+  void (*expect_prefixes_fail)(const Bytes& record, std::size_t optional);
 };
 
 template <class T>
@@ -52,25 +52,10 @@ inline Bytes reference(std::string_view name, int number) {
   return Bytes().reference(row_named(name).class_id, number);
 }
 
-inline std::string folded(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    const char plain = c == '\n' ? ' ' : c;
-    if (plain != ' ' || (!result.empty() && result.back() != ' ')) result.push_back(plain);
-  }
-  if (!result.empty() && result.back() == ' ') result.pop_back();
-  return result;
-}
-
 // The dump without the header's lines, which no copy shares with its source.
 inline std::string fields_of(const Tmxd_obj& object) {
-  std::string result;
-  std::istringstream lines(dump_of(object));
-  for (std::string line; std::getline(lines, line);) {
-    const std::string key = folded(line).substr(0, folded(line).find(' '));
-    if (key != "number" && key != "reserve" && key != "version") result += line + "\n";
-  }
-  return result;
+  static const std::regex header(" *(number|reserve|version) = .*\n");
+  return std::regex_replace(dump_of(object), header, "");
 }
 
 }  // namespace mxd::test

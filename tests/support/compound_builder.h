@@ -77,7 +77,7 @@ class Compound_file {
     return set(entry(stream).false_size, size);
   }
   Compound_file& header(Header_field field, std::uint32_t value) {
-    return add(header_damages_, {field, value});
+    return add(header_damages_, std::pair(field, value));
   }
 
   Byte_run build() const;
@@ -97,17 +97,7 @@ class Compound_file {
     std::uint32_t to = 0;
     bool to_is_place = false;
   };
-  struct Header_damage {
-    Header_field field;
-    std::uint32_t value;
-  };
-  struct Chain {
-    std::string name;
-    Byte_run bytes;
-    std::vector<std::uint32_t> sectors = {};
-  };
-  using Chains = std::vector<Chain>;
-  struct Layout;
+  struct Sectors;
 
   template <class Field, class Value>
   Compound_file& set(Field& field, const Value& value) {
@@ -120,16 +110,13 @@ class Compound_file {
     return *this;
   }
   Entry& entry(std::string_view name);
-  void fill_mini_stream(Layout& layout) const;
-  void place_sectors(Layout& layout) const;
-  void fill_fat(Layout& layout) const;
-  void fill_directory(Layout& layout) const;
-  Byte_run header_bytes(const Layout& layout) const;
-  void link_sectors(const Chains& chains, std::vector<std::uint32_t>& links) const;
+  void add_fat(Sectors& file) const;
+  Byte_run directory_bytes(const Sectors& minis, const Sectors& file) const;
+  Byte_run header_bytes(const Sectors& file) const;
 
   std::vector<Entry> entries_;
   std::vector<Link_damage> link_damages_;
-  std::vector<Header_damage> header_damages_;
+  std::vector<std::pair<Header_field, std::uint32_t>> header_damages_;
   std::string signature_ = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
   std::uint32_t cutoff_ = 4096;
   std::size_t stride_ = 1;

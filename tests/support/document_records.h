@@ -10,16 +10,16 @@ namespace mxd::test {
 inline constexpr int outer_number = 65500;
 
 inline Bytes map_record(int number, const char* name, const Bytes& content) {
-  return Bytes().object(Tmxd_map::clsid, number, 7, Bytes().wide(name).add(content));
+  return object<Tmxd_map>(number, 7, Bytes().wide(name).add(content));
 }
 
 inline Bytes group_layer(int number, const char* name, int members) {
-  return Bytes().object(Tmxd_group_layer::clsid, number, 1,
-                        Bytes().wide(name).u16(0xFFFF).counting(20).i32(members).counting(8));
+  return object<Tmxd_group_layer>(
+      number, 1, Bytes().wide(name).u16(0xFFFF).counting(20).i32(members).counting(8));
 }
 
 inline Bytes workspace(int number, const char* name) {
-  return Bytes().object(Tmxd_workspace_name::clsid, number, 1, Bytes().wide(name));
+  return object<Tmxd_workspace_name>(number, 1, Bytes().wide(name));
 }
 
 inline Bytes feature_class(int number, const char* name) {
@@ -29,7 +29,7 @@ inline Bytes feature_class(int number, const char* name) {
 }
 
 inline Bytes geographic(int number, std::string_view wkt) {
-  return Bytes().object(Tmxd_geographic_coordinate_system::clsid, number, 1, Bytes().narrow(wkt));
+  return object<Tmxd_geographic_coordinate_system>(number, 1, Bytes().narrow(wkt));
 }
 
 inline Bytes layer_record(int number, const char* name, const Bytes& data_and_drawing) {

@@ -47,7 +47,7 @@ Bytes& Bytes::add(const Bytes& other) {
   return *this;
 }
 
-Bytes& Bytes::object(const Class_id& class_id, int number, int version, const Bytes& fields) {
+Bytes& Bytes::object(const Class_id& class_id, int number, int version, const Packed& fields) {
   return reference(class_id, number).u16(version).add(fields);
 }
 

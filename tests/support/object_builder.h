@@ -18,6 +18,8 @@
 
 namespace mxd::test {
 
+class Packed;
+
 class Bytes {
  public:
   Bytes& u8(int value) { return number(static_cast<std::uint8_t>(value)); }
@@ -40,7 +42,7 @@ class Bytes {
   Bytes& trailer(int mark = 13) { return i32(mark).i32(7); }
 
   // A whole object: class id, number, reserve, version and its fields.
-  Bytes& object(const Class_id& class_id, int number, int version, const Bytes& fields);
+  Bytes& object(const Class_id& class_id, int number, int version, const Packed& fields);
   // An object that was written before under that number.
   Bytes& reference(const Class_id& class_id, int number);
   Bytes& null_object() { return zeros(16); }
@@ -75,11 +77,11 @@ inline Bytes trailer(int mark = 13) {
 }
 
 // Fields in the order of the stream: int32, float64 and wide strings as they are, others as bytes.
-// In braces they are also made in that order.
+// In braces they are also made in that order: {color(), line()}.
 class Packed : public Bytes {
  public:
   template <class... Field>
-  explicit Packed(const Field&... fields) {
+  Packed(const Field&... fields) {
     (put(fields), ...);
   }
 
@@ -88,6 +90,30 @@ class Packed : public Bytes {
   void put(double value) { f64(value); }
   void put(const char* text) { wide(text); }
   void put(const Bytes& bytes) { add(bytes); }
+};
+
+template <class T>
+Bytes object(int number, int version, const Packed& fields) {
+  return Bytes().object(T::clsid, number, version, fields);
+}
+template <class T>
+Bytes reference(int number) {
+  return Bytes().reference(T::clsid, number);
+}
+
+// Numbers objects as they are written, as a document does.
+class Object_numbers {
+ public:
+  template <class T>
+  Bytes object(int version, const Packed& fields) {
+    return Bytes().object(T::clsid, next_++, version, fields);
+  }
+
+  int next_number() const { return next_; }
+  int take_number() { return next_++; }
+
+ private:
+  int next_ = 1;
 };
 
 // A font without a class id.
@@ -130,27 +156,21 @@ std::string xml_document(std::string_view root, const std::function<void(Xml_bui
 // The object's element as in the file, from its "<" on.
 std::string xml_of(const Tmxd_obj& object, std::string_view name = "it");
 
-// No prefix of a valid object may be taken for one; what was read of it must not leak or crash the
-// outputs. Prefixes from `complete_from` on are allowed to succeed.
+// No prefix of a valid object may be taken for one, unless only optional bytes at its end are cut.
+// What was read of it must not leak or crash the outputs.
 template <class T>
-void expect_prefixes_fail(const Bytes& record, std::size_t complete_from) {
+void expect_prefixes_fail(const Bytes& record, std::size_t optional = 0) {
   for (std::size_t length = 0; length <= record.size(); ++length) {
+    SCOPED_TRACE(testing::Message() << T::type << " cut to " << length);
     Decoder decoder(record.prefix(length));
     T object;
     const bool ok = read_object(object, decoder.stream, 0, -1);
-    if (length < complete_from) {
-      EXPECT_FALSE(ok) << T::type << " cut to " << length;
-    } else if (length == record.size()) {
-      EXPECT_TRUE(ok) << T::type << " whole";
+    if (length < record.size() - optional || length == record.size()) {
+      EXPECT_EQ(ok, length == record.size());
     }
     EXPECT_FALSE(dump_of(object).empty());
     EXPECT_FALSE(xml_of(object).empty());
   }
-}
-
-template <class T>
-void expect_prefixes_fail(const Bytes& record) {
-  expect_prefixes_fail<T>(record, record.size());
 }
 
 // A slot looks for the class, and makes an object of it.

@@ -47,12 +47,17 @@ std::string marks(const Layer_record& record) {
 
 }  // namespace
 
-void load_maps(Tmxd_mxd& document, std::span<const std::uint8_t> maps_stream) {
+Load_budget load_maps(Tmxd_mxd& document, Tmxd_stream_m& maps, Load_observer& observer) {
+  Load load(observer, maps.get_size());
+  static_cast<void>(document.load_maps(maps, {}, load));
+  return load.budget();
+}
+
+Load_budget load_maps(Tmxd_mxd& document, std::span<const std::uint8_t> maps,
+                      Load_observer& observer) {
   Tmxd_stream_m bytes;
-  static_cast<void>(bytes.write(maps_stream.data(), 1, maps_stream.size()));
-  Recorded_errors errors;
-  Load load(errors, maps_stream.size());
-  static_cast<void>(document.load_maps(bytes, {}, load));
+  static_cast<void>(bytes.write(maps.data(), 1, maps.size()));
+  return load_maps(document, bytes, observer);
 }
 
 std::string outline_fault(const Outline& outline, std::uint64_t stream_size) {

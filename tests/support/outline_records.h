@@ -55,14 +55,13 @@ inline Bytes before_list(int version = 7) {
 }
 
 inline Bytes listed_map(int number, const char* name, const Bytes& after_name) {
-  return Bytes().object(Tmxd_map::clsid, number, 52, text(name).add(after_name));
+  return object<Tmxd_map>(number, 52, text(name).add(after_name));
 }
 
 // ---- Layers ----
 
 inline Bytes listed_group(int number, const char* name, const Bytes& list) {
-  return Bytes().object(Tmxd_group_layer::clsid, number, 12,
-                        text(name).u16(0xFFFF).zeros(20).add(list).zeros(40));
+  return object<Tmxd_group_layer>(number, 12, text(name).u16(0xFFFF).zeros(20).add(list).zeros(40));
 }
 
 inline Bytes basemap(int number, const char* name, const Bytes& list) {
@@ -87,14 +86,13 @@ inline Bytes named_feature_layer(int number, const char* name, const Bytes& rest
   Bytes fields = text(name).add(text("Feature Layer")).u16(1).counting(4);
   fields.add(feature_class(number + 1, "a")).add(workspace(number + 2, "w"));
   fields.add(simple_renderer(number + 3)).counting(156).wide("str1").f64s({2, 1});
-  return Bytes().object(Tmxd_feature_layer::clsid, number, 34, fields.add(rest));
+  return object<Tmxd_feature_layer>(number, 34, fields.add(rest));
 }
 
 // ---- After a layer's scales ----
 
 inline Bytes rgb_color(int number, double lightness) {
-  return Bytes().object(Tmxd_rgb_color::clsid, number, 1,
-                        Bytes().zeros(3).f64s({lightness, 0, 0}).u16(0));
+  return object<Tmxd_rgb_color>(number, 1, Bytes().zeros(3).f64s({lightness, 0, 0}).u16(0));
 }
 
 inline Bytes definition_query(const Bytes& query, const Bytes& color = Bytes().null_object()) {

@@ -16,26 +16,26 @@ inline Bytes line_symbol(int number, double width) {
 }
 
 inline Bytes legend_class(int number, int version, const char* label, const Bytes& symbol = {}) {
-  return Bytes().object(Tmxd_legend_class::clsid, number, version,
-                        Bytes().add(symbol).wide(label).counting(version < 2 ? 22 : 26));
+  return object<Tmxd_legend_class>(number, version,
+                                   Bytes().add(symbol).wide(label).counting(version < 2 ? 22 : 26));
 }
 
 inline Bytes legend_group(int number, const char* label, std::int64_t count = 0,
                           const Bytes& classes = {}) {
-  return Bytes().object(Tmxd_legend_group::clsid, number, 1,
-                        Bytes().i32(-7).wide(label).i32(count).add(classes));
+  return object<Tmxd_legend_group>(number, 1, Bytes().i32(-7).wide(label).i32(count).add(classes));
 }
 
 inline Bytes simple_renderer(int number, const Bytes& symbol = {}) {
-  return Bytes().object(Tmxd_simple_renderer::clsid, number, 1,
-                        Bytes().add(symbol).add(legend_group(number + 1, "Wells")));
+  return object<Tmxd_simple_renderer>(number, 1,
+                                      Bytes().add(symbol).add(legend_group(number + 1, "Wells")));
 }
 
 inline Bytes class_breaks_renderer(int number, const Bytes& ranges, std::int64_t count = 0,
                                    const Bytes& classes = {}) {
-  return Bytes().object(Tmxd_class_breaks_renderer::clsid, number, 2,
-                        Bytes().wide("POP").wide("hidden").add(ranges).counting(8).add(
-                            legend_group(number + 1, "People", count, classes)));
+  return object<Tmxd_class_breaks_renderer>(
+      number, 2,
+      Bytes().wide("POP").wide("hidden").add(ranges).counting(8).add(
+          legend_group(number + 1, "People", count, classes)));
 }
 
 // The second legend group of a unique value renderer; zeros mean that real documents have one
@@ -57,7 +57,7 @@ inline Bytes unique_value_renderer(int names, int version, Main main, const Byte
   if (main == Main::reference) fields.reference(Tmxd_legend_group::clsid, 21);
   if (main == Main::zeros) fields.zeros(16);
   if (main >= Main::present) fields.counting(version < 4 ? 16 : 18);
-  return Bytes().object(Tmxd_unique_value_renderer::clsid, 20, version, fields.add(values));
+  return object<Tmxd_unique_value_renderer>(20, version, fields.add(values));
 }
 
 inline Bytes unique_value(const char* text, int int1, int int2, int int3) {

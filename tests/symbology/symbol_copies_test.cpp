@@ -22,7 +22,7 @@ TEST(Symbol_copies, say_whether_the_slots_were_copied) {
       {"simple_line_decoration_element", Packed(run(5), line, 1, 2.0), true},
       {"simple_line_decoration_element", Packed(run(5), 1, 2.0), false},
       {"simple_line_decoration_element",
-       Packed(run(5), Bytes().object(Tmxd_simple_fill_symbol::clsid, 6, 1, hollow), 0), false},
+       Packed(run(5), object<Tmxd_simple_fill_symbol>(6, 1, hollow), 0), false},
       {"line_decoration",
        Packed(2, record("simple_line_decoration_element", 1),
               record("simple_line_decoration_element", 2)),
@@ -45,9 +45,9 @@ TEST(Symbol_copies, say_whether_the_slots_were_copied) {
 TEST(Symbol_copies, reach_through_nested_symbols) {
   const Bytes trail = Packed(byte(9), 1.5, record("multilayer_marker_symbol", 3),
                              record("line_template", 4), run(16), trailer(13), run(25));
-  const Bytes nested = Packed(
-      trailer(13), 1, Bytes().object(Tmxd_marker_line_symbol::clsid, 2, 1, trail), 0, 1, "tag");
-  Decoder decoder(Packed(Bytes().object(Tmxd_multilayer_line_symbol::clsid, 1, 2, nested),
+  const Bytes nested =
+      Packed(trailer(13), 1, object<Tmxd_marker_line_symbol>(2, 1, trail), 0, 1, "tag");
+  Decoder decoder(Packed(object<Tmxd_multilayer_line_symbol>(1, 2, nested),
                          reference("multilayer_line_symbol", 1), reference("marker_line_symbol", 2),
                          reference("picture_marker_symbol", 33)));
   Tmxd_multilayer_line_symbol lines, again;
@@ -66,41 +66,11 @@ TEST(Symbol_copies, reach_through_nested_symbols) {
   EXPECT_EQ(bytes_to_hex(picture.bytes1, ""), bytes_to_hex(run(65).data(), ""));
 }
 
-// Each decoration refers twice to the one before: forty of them would be a trillion. Their copies
-// always answer false.
-Bytes chain_of_decorations() {
-  Bytes chain = record("line_decoration", 5);
-  for (int n = 6; n < 46; ++n) {
-    Bytes elements = Packed(2);
-    for (const int number : {100 * n, 100 * n + 2}) {
-      const Bytes road =
-          Packed(1, 2, 3.0, byte(4), 5.0, Bytes().null_object(),
-                 reference("line_decoration", n - 1), trailer(13), byte(6), 7.0, 8.0);
-      const Bytes marker = Bytes().object(Tmxd_cartographic_line_symbol::clsid, number, 1, road);
-      elements.object(Tmxd_simple_line_decoration_element::clsid, number + 1, 1,
-                      Packed(run(5), marker, 0));
-    }
-    chain.object(Tmxd_line_decoration::clsid, n, 1, elements);
-  }
-  return chain;
-}
-
-TEST(Symbol_copies, end_at_the_budget) {
-  Decoder decoder(chain_of_decorations());
-  std::vector<std::unique_ptr<Tmxd_line_decoration>> objects;
-  do {
-    objects.push_back(std::make_unique<Tmxd_line_decoration>());
-  } while (objects.size() < 16 && read_object(*objects.back(), decoder.stream, -1, -1));
-  EXPECT_TRUE(decoder.stream.load().budget().exhausted());
-  EXPECT_LE(decoder.stream.load().budget().used(), decoder.stream.load().budget().limit());
-}
-
 TEST(Symbol_copies, pay_for_the_tag_that_the_layer_was_given) {
   const Bytes tag = Bytes().wide(std::string(4000, 'x'));
   const Bytes layers = Packed(trailer(13), 1, record("simple_line_symbol", 2), 1, 0, tag);
-  Decoder decoder(Bytes()
-                      .object(Tmxd_multilayer_line_symbol::clsid, 1, 2, layers)
-                      .add(reference("simple_line_symbol", 2)));
+  Decoder decoder(
+      object<Tmxd_multilayer_line_symbol>(1, 2, layers).add(reference("simple_line_symbol", 2)));
   Tmxd_multilayer_line_symbol lines;
   ASSERT_TRUE(read_object(lines, decoder.stream, -1, -1));
   const std::uint64_t before = decoder.stream.load().budget().used();

@@ -5,17 +5,6 @@
 namespace mxd::test {
 namespace {
 
-// A slot passes over the picture, and does not look past its limit.
-TEST(Symbol_slot, search) {
-  const auto end = static_cast<std::int64_t>(record("picture_marker_symbol", 1).size());
-  for (const std::int64_t limit : {std::int64_t{-1}, end + 16, end + 15}) {
-    Decoder decoder(Packed(record("picture_marker_symbol", 1), record("simple_line_symbol", 2)));
-    Tmxd_symbol_slot slot;
-    static_cast<void>(slot.read(decoder.stream, limit));
-    EXPECT_EQ(slot.get() != nullptr, limit != end + 15);
-  }
-}
-
 // What came of each read, and of each layer whether it is enabled and locked, and its tag.
 template <class T, class List>
 void expect_layers(const std::string& section, List T::*list,
@@ -56,7 +45,7 @@ TEST(Symbol_lists, keep_the_layers_before_a_failure) {
   const Bytes one = record("simple_line_symbol", 1);
   const Bytes two = Packed(one, record("hash_line_symbol", 2));
   const auto lines = [](const Bytes& layers) {
-    return Bytes().object(Tmxd_multilayer_line_symbol::clsid, 5, 2, Packed(trailer(13), layers));
+    return object<Tmxd_multilayer_line_symbol>(5, 2, {trailer(13), layers});
   };
   expect_layers("lists of layers", &Tmxd_multilayer_line_symbol::line_symbols,
                 {{"none", lines(Packed(0, two))},

@@ -9,7 +9,7 @@ Bytes font(int version, int flags, const Guid& class_id = standard_font_id.guid)
 }
 
 template <class T>
-Bytes object(int version, const Bytes& fields) {
+Bytes object(int version, const Packed& fields) {
   return Bytes().object(T::clsid, 5, version, fields);
 }
 
@@ -45,10 +45,10 @@ TEST(Picture_symbols, zeros_mean_no_color) {
   const Bytes red = record("rgb_color", 40), green = record("rgb_color", 41);
   const Bytes line = record("simple_line_symbol", 60), none = Bytes().zeros(16);
   const auto fill = [&](const Bytes& colors) {
-    return object<Tmxd_picture_fill_symbol>(1, Packed(colors, line, run(87), red));
+    return object<Tmxd_picture_fill_symbol>(1, {colors, line, run(87), red});
   };
   const auto marker = [&](const Bytes& colors) {
-    return object<Tmxd_picture_marker_symbol>(1, Packed(colors, run(65), red));
+    return object<Tmxd_picture_marker_symbol>(1, {colors, run(65), red});
   };
   expect_decoded<Tmxd_picture_fill_symbol>("symbology", "picture fills",
                                            {{"no first color", fill(Packed(none, red, green))},
@@ -101,12 +101,12 @@ TEST(Hash_line, takes_its_bytes_after_a_failed_slot) {
 TEST(Line_symbols, do_without_slots_templates_and_decorations) {
   const Bytes absent = Bytes().null_object();
   Decoder roads(object<Tmxd_cartographic_line_symbol>(
-      1, Packed(1, 2, 3.0, byte(4), 5.0, absent, absent, trailer(13), byte(6), 7.0, 8.0)));
+      1, {1, 2, 3.0, byte(4), 5.0, absent, absent, trailer(13), byte(6), 7.0, 8.0}));
   Tmxd_cartographic_line_symbol road;
   ASSERT_TRUE(read_object(road, roads.stream, -1, -1));
   expect_golden("symbology", "bare cartographic line", road);
-  Decoder trails(object<Tmxd_marker_line_symbol>(
-      1, Packed(byte(1), 2.0, absent, run(16), trailer(13), run(25))));
+  Decoder trails(
+      object<Tmxd_marker_line_symbol>(1, {byte(1), 2.0, absent, run(16), trailer(13), run(25)}));
   Tmxd_marker_line_symbol trail;
   ASSERT_TRUE(read_object(trail, trails.stream, -1, -1));
   expect_golden("symbology", "bare marker line", trail);
@@ -118,11 +118,11 @@ TEST(Line_parts, claimed_counts) {
     const std::string what = std::to_string(count);
     const Bytes two = Packed(record("simple_line_decoration_element", 6),
                              record("simple_line_decoration_element", 7));
-    dashes.push_back({what, object<Tmxd_line_template>(1, Packed(2.0, count, 1.0, 2.0, 3.0, 4.0))});
+    dashes.push_back({what, object<Tmxd_line_template>(1, {2.0, count, 1.0, 2.0, 3.0, 4.0})});
     elements.push_back(
-        {what, object<Tmxd_simple_line_decoration_element>(1, Packed(run(5), count, 1.0, 2.0))});
+        {what, object<Tmxd_simple_line_decoration_element>(1, {run(5), count, 1.0, 2.0})});
     decorations.push_back(
-        {what, object<Tmxd_line_decoration>(1, Packed(count, two, record("line_template", 8)))});
+        {what, object<Tmxd_line_decoration>(1, {count, two, record("line_template", 8)})});
   }
   expect_decoded<Tmxd_line_template>("symbology", "templates of counts", dashes);
   expect_decoded<Tmxd_simple_line_decoration_element>("symbology", "positions of counts", elements);
