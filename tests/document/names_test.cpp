@@ -64,5 +64,23 @@ TEST(Coordinate_systems, read_shown_and_copied) {
   EXPECT_STREQ("", system.get_wkt());
 }
 
+TEST(Slots, find_replace_and_keep_what_fails) {
+  const Bytes first = geographic(1, "G");
+  const Bytes too_long = Bytes().object(Tmxd_projected_coordinate_system::clsid, 2, 1,
+                                        Bytes().i32(10000).zeros(10000));
+  Decoder decoder(Bytes().zeros(3).add(first).add(too_long));
+  const auto second = static_cast<std::int64_t>(3 + first.size());
+  Tmxd_coordinate_system_slot slot;
+  EXPECT_TRUE(slot.read(decoder.stream, 0, 18));
+  EXPECT_EQ(nullptr, slot.get());
+  EXPECT_EQ(0U, decoder.stream.tell());
+  EXPECT_TRUE(slot.read(decoder.stream, 0, second));
+  EXPECT_STREQ("G", slot.get()->get_wkt());
+  EXPECT_FALSE(slot.read(decoder.stream, -1, -1));
+  EXPECT_EQ(2, slot.get()->number);
+  // What the slot held before can still be referred to.
+  EXPECT_EQ(1, decoder.stream.load().find(1)->object->number);
+}
+
 }  // namespace
 }  // namespace mxd::test
