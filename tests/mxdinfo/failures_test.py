@@ -7,7 +7,7 @@ import subprocess
 import time
 import unittest
 
-from support import MXDINFO, SAMPLE, Case, named
+from support import SAMPLE, Case, named
 
 OLD = "the old file\n"
 
@@ -22,11 +22,9 @@ class Failures(Case):
 
     def limited(self, *arguments, limit, value, restore_signals=True):
         """Exit code and standard error of a run with a limited resource."""
-        result = subprocess.run(
-            [*MXDINFO, *arguments], capture_output=True, check=False, cwd=self.folder,
-            restore_signals=restore_signals,
-            preexec_fn=lambda: resource.setrlimit(limit, (value, value)))
-        return result.returncode, result.stderr.decode()
+        code, _, errors = self.outcome(*arguments, restore_signals=restore_signals,
+                                       preexec_fn=lambda: resource.setrlimit(limit, (value, value)))
+        return code, errors
 
     def expect_old_file(self):
         self.assertEqual(OLD, self.out())

@@ -5,10 +5,9 @@ import hashlib
 import os
 import re
 import shlex
-import subprocess
 import unittest
 
-from support import IS_WINDOWS, MXDINFO, ROOT, SAMPLE, Case, made, named, schema_errors, slashes
+from support import IS_WINDOWS, ROOT, SAMPLE, Case, made, named, schema_errors, slashes
 
 GOLDEN = os.path.join(ROOT, "tests", "golden", "mxdinfo")
 VARYING = (
@@ -43,14 +42,18 @@ class Commands(Case):
             self.write(f"deep/{name}.mxd", named("plain", hidden=hidden))
 
     def output_of(self, arguments):
-        result = subprocess.run([*MXDINFO, *arguments], stdin=subprocess.DEVNULL,
-                                capture_output=True, check=False, cwd=self.folder)
-        text = (result.stdout + result.stderr).decode().replace(os.path.realpath(self.folder), "HERE")
-        if result.returncode != 0:
-            text += f"exit code {result.returncode}\n"
+        code, output, errors = self.outcome(*arguments)
+        text = self.with_slashes(output.decode() + errors)
+        if code != 0:
+            text += f"exit code {code}\n"
+        text = re.sub("(Z:)?" + re.escape(os.path.realpath(self.folder)), "HERE", text)
         for varying, word in VARYING:
             text = re.sub(varying, word, text, flags=re.DOTALL)
         return text
+
+    def with_slashes(self, text):
+        """On Windows, where the paths of files have others."""
+        return re.sub(r"[\\/]+", "/", text) if IS_WINDOWS else text
 
     def compare(self, name, text):
         path = os.path.join(GOLDEN, name)
@@ -59,9 +62,7 @@ class Commands(Case):
                 file.write(text)
         with open(path, encoding="utf-8", newline="") as file:
             expected = file.read()
-        if IS_WINDOWS:
-            expected, text = (slashes(each).replace("//", "/") for each in (expected, text))
-        self.assertEqual(expected, text)
+        self.assertEqual(self.with_slashes(expected), self.with_slashes(text))
 
     def test_commands(self):
         """Each command of commands.txt prints what is there below it, or in the file that it names."""

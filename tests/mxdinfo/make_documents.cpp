@@ -1,8 +1,9 @@
 // Writes one of the documents for the tests of mxdinfo:
 //   make_documents FILE sample | gallery | facts | lossy | deep | long_paths | dashes
-//   make_documents FILE named NAME WORKSPACE DATASET FEATURE_DATASET HIDDEN
-// These are UTF-16LE texts in hexadecimal digits: that of every other name in the document, those
-// of its layer's data, and one after the map.
+//   make_documents FILE named TEXTS
+// The file of texts has in UTF-16LE that of every other name in the document, the workspace,
+// dataset and feature dataset of its layer, and what follows the map.
+#include <array>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -224,20 +225,22 @@ Bytes dashes() {
        Bytes().null_object(), trailer(), byte(0), 0.0, 0.0}));
 }
 
-Wide_string from_hex(const std::string& hex) {
-  Wide_string text;
-  for (std::size_t at = 0; at + 4 <= hex.size(); at += 4) {
-    const int unit = std::stoi(hex.substr(at + 2, 2) + hex.substr(at, 2), nullptr, 16);
-    text.push_back(static_cast<Wide_char>(unit));
+// Of the file's texts four end with a NUL each.
+Bytes named(const std::string& file_name) {
+  std::array<Wide_string, 5> texts;
+  std::size_t at = 0;
+  std::ifstream file(file_name, std::ios::binary);
+  for (std::array<char, 2> unit; file.read(unit.data(), 2);) {
+    const int low = static_cast<unsigned char>(unit[0]);
+    const int high = static_cast<unsigned char>(unit[1]);
+    if (low + high == 0 && at < 4) {
+      ++at;
+    } else {
+      texts[at].push_back(static_cast<Wide_char>(low + 256 * high));
+    }
   }
-  return text;
-}
-
-Bytes named(std::vector<std::string> texts) {
-  texts.resize(6);
-  Bytes bytes =
-      named(from_hex(texts[1]), {from_hex(texts[2]), from_hex(texts[3]), from_hex(texts[4])});
-  for (const Wide_char unit : from_hex(texts[5])) bytes.u16(unit);
+  Bytes bytes = named(texts[0], {texts[1], texts[2], texts[3]});
+  for (const Wide_char unit : texts[4]) bytes.u16(unit);
   return bytes;
 }
 
@@ -255,7 +258,7 @@ Byte_run document(const std::vector<std::string>& texts) {
                      : kind == "deep"       ? deep()
                      : kind == "long_paths" ? long_paths()
                      : kind == "dashes"     ? dashes()
-                                            : named(texts);
+                                            : named(texts.at(1));
   return file.stream("Maps", maps.data()).build();
 }
 

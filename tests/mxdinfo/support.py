@@ -25,9 +25,11 @@ VOID_TAGS = {"meta", "input", "rect", "circle", "path", "use"}
 
 
 @functools.cache
-def made(*arguments):
+def made(*arguments, texts=b""):
     """The document that make_documents writes."""
     with tempfile.TemporaryDirectory() as folder:
+        with open(os.path.join(folder, "texts"), "wb") as file:
+            file.write(texts)
         subprocess.run([*MAKE_DOCUMENTS, "made.mxd", *arguments], check=True, cwd=folder)
         with open(os.path.join(folder, "made.mxd"), "rb") as file:
             return file.read()
@@ -36,9 +38,8 @@ def made(*arguments):
 def named(name, *data, hidden=b""):
     """A map with a group of one layer, all texts `name`. The data is workspace, dataset and feature
     dataset; the hidden bytes, an even number, follow the map."""
-    texts = [name, *(data or (name, name, ""))]
-    return made("named", *(text.encode("utf-16-le", "surrogatepass").hex() for text in texts),
-                hidden.hex())
+    texts = "\0".join([name, *(data or (name, name, "")), ""])
+    return made("named", "texts", texts=texts.encode("utf-16-le", "surrogatepass") + hidden)
 
 
 class Case(unittest.TestCase):
@@ -65,12 +66,18 @@ class Case(unittest.TestCase):
         """A process that runs beside the test."""
         return subprocess.Popen([*MXDINFO, *arguments], cwd=self.folder, **how)
 
-    def run_mxdinfo(self, *arguments, code=0, binary=False, **how):
-        """Standard output and error, as text unless `binary`."""
+    def outcome(self, *arguments, **how):
+        """Exit code, standard output, and standard error as text."""
         how = {"cwd": self.folder, "input": b"", **how}
         result = subprocess.run([*MXDINFO, *arguments], capture_output=True, check=False, **how)
-        self.assertEqual(code, result.returncode, (arguments, result.stderr[-2000:]))
-        return (result.stdout if binary else result.stdout.decode()), result.stderr.decode()
+        errors = result.stderr.replace(b"\r\n", b"\n") if IS_WINDOWS else result.stderr
+        return result.returncode, result.stdout, errors.decode()
+
+    def run_mxdinfo(self, *arguments, code=0, binary=False, **how):
+        """Standard output and error, as text unless `binary`."""
+        found, output, errors = self.outcome(*arguments, **how)
+        self.assertEqual(code, found, (arguments, errors[-2000:]))
+        return (output if binary else output.decode()), errors
 
     def json_of(self, *arguments, **how):
         return json.loads(self.run_mxdinfo("-q", "-f", "json", *arguments, **how)[0])

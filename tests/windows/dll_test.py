@@ -5,7 +5,7 @@ import re
 import subprocess
 import sys
 
-objdump, dll, gnu_library, msvc_library, export_list, header, version, source_folder = sys.argv[1:]
+objdump, dll, gnu_library, msvc_library, export_list, version, source_folder = sys.argv[1:]
 
 system_dlls = re.compile(r"(KERNEL32|msvcrt|ucrtbase|api-ms-win-crt-[\w-]+)\.dll", re.IGNORECASE)
 
@@ -20,7 +20,6 @@ def utf_16(text):
 
 
 listed = re.findall(r"\b(vq_mxd_\w+)\(", content(export_list).decode("ascii"))
-declared = re.findall(r"^VQ_MXD_API [^;()]*\b(vq_mxd_\w+)\(", content(header).decode("ascii"), re.MULTILINE)
 dump = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
 names_table = dump.partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
 exported = re.findall(r"\[ *\d+\] (\S+)", names_table)
@@ -29,7 +28,6 @@ binary = content(dll)
 
 for what, names in (
     ("exported", exported),
-    ("declared", declared),
     ("in the import library of MinGW", set(re.findall(rb"__imp_(\w+)", content(gnu_library)))),
     ("in the import library of MSVC", set(re.findall(rb"__imp_(\w+)", content(msvc_library)))),
 ):

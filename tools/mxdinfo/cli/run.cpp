@@ -43,7 +43,7 @@ std::string loss_messages(const Report& report) {
 class Run {
  public:
   // Without kept lines, which may be null, every input is read.
-  Run(const Options& options, const Inputs& inputs, const Kept_lines* kept, bool to_terminal)
+  Run(const Options& options, const Inputs& inputs, Kept_lines* kept, bool to_terminal)
       : options_(options),
         inputs_(inputs),
         kept_(kept),
@@ -126,6 +126,8 @@ class Run {
           return written;
         });
     output.write(writer->end(summaries));
+    // Windows replaces no file that is open.
+    if (kept_) kept_->close_inventory();
     if (!output.commit()) return std::nullopt;
     return totals;
   }
@@ -246,7 +248,7 @@ class Run {
 
   const Options& options_;
   const Inputs& inputs_;
-  const Kept_lines* kept_;
+  Kept_lines* kept_;
   Source_places places_;
   Progress progress_;
   Totals totals_;

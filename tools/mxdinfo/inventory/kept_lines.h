@@ -26,6 +26,9 @@ class Kept_lines {
   std::optional<Rendered_document> line_of(const std::string& path,
                                            const Source_places* places) const;
 
+  // After the last line is taken.
+  void close_inventory() { old_.reset(); }
+
   // How many documents of the inventory are no inputs.
   std::size_t gone() const { return gone_; }
 
