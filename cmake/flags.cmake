@@ -4,11 +4,9 @@ target_compile_features(vqk_flags INTERFACE cxx_std_20)
 set(release_only $<NOT:$<CONFIG:Debug>>)
 set(hardened $<AND:$<BOOL:${VQK_HARDENING}>,${release_only}>)
 
-# For our own builds of what takes longer to compile than to run: tests and tools. Without optimization there are also none of the false
-# warnings that GCC 12 gives with precompiled headers.
+# For our own builds of what takes longer to compile than to run: tests and tools.
 macro(vqk_compile_fast)
   if(CMAKE_COMPILER_IS_GNUCXX AND VQK_WERROR)
-    set(CMAKE_DISABLE_PRECOMPILE_HEADERS OFF)
     string(REGEX REPLACE "-O[123]" "-Og" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
     string(REGEX REPLACE "-O[123]" "-Og" CMAKE_CXX_FLAGS_DEBUG "${CMAKE_CXX_FLAGS_DEBUG}")
   endif()
