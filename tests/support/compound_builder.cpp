@@ -45,14 +45,6 @@ auto& named(auto& list, std::string_view name) {
   throw std::invalid_argument("no such name: " + std::string(name));
 }
 
-struct Chain {
-  std::string name;
-  Byte_run bytes;
-  Words sectors = {};
-
-  std::uint32_t first() const { return sectors.empty() ? end_of_chain : sectors.front(); }
-};
-
 }  // namespace
 
 Byte_run noise(std::size_t size, unsigned seed) {
@@ -64,6 +56,14 @@ Byte_run noise(std::size_t size, unsigned seed) {
 
 // The chains that share the sectors of a file or the mini sectors of its mini stream.
 struct Compound_file::Sectors {
+  struct Chain {
+    std::string name;
+    Byte_run bytes;
+    Words sectors = {};
+
+    std::uint32_t first() const { return sectors.empty() ? end_of_chain : sectors.front(); }
+  };
+
   std::size_t size;
   std::size_t unused = 0;
   std::vector<Chain> chains = {};
@@ -155,8 +155,8 @@ void Compound_file::add_fat(Sectors& file) const {
   if (tables_first_) std::ranges::reverse(file.chains);
   file.place(stride_);
 
-  Chain& fat = named(file.chains, fat_name);
-  Chain& difat = named(file.chains, difat_name);
+  auto& fat = named(file.chains, fat_name);
+  auto& difat = named(file.chains, difat_name);
   Words links = file.links(link_damages_);
   for (const auto sector : fat.sectors) links.at(sector) = fat_mark;
   for (const auto sector : difat.sectors) links.at(sector) = difat_mark;
@@ -175,7 +175,7 @@ void Compound_file::add_fat(Sectors& file) const {
 // The tree of storages is a list of siblings below the root.
 Byte_run Compound_file::directory_bytes(const Sectors& minis, const Sectors& file) const {
   Byte_run bytes = named(file.chains, directory).bytes;
-  const Chain& root = named(file.chains, mini_stream);
+  const auto& root = named(file.chains, mini_stream);
   std::size_t at = 0;
   const auto put = [&](std::string_view name, Kind kind, std::size_t sibling, std::size_t child,
                        std::size_t first, std::size_t size) {
@@ -214,9 +214,9 @@ Byte_run Compound_file::header_bytes(const Sectors& file) const {
   };
   store(bytes, 0x18, 4, 0x0003003E);
   store(bytes, 0x1C, 2, 0xFFFE);
-  const Chain& minis = named(file.chains, mini_fat);
-  const Chain& fat = named(file.chains, fat_name);
-  const Chain& difat = named(file.chains, difat_name);
+  const auto& minis = named(file.chains, mini_fat);
+  const auto& fat = named(file.chains, fat_name);
+  const auto& difat = named(file.chains, difat_name);
   put(Header_field::sector_shift, 9);
   put(Header_field::mini_sector_shift, 6);
   put(Header_field::fat_sectors, fat.sectors.size());
