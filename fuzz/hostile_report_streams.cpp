@@ -176,11 +176,11 @@ Bytes broken_layers(int n) {
 
 const std::vector<Hostile_stream>& report_streams() {
   static const std::vector<Hostile_stream> streams = {
-      {"font names", 200, font_names},       {"markers along lines", 200, markers_along_lines},
-      {"empty dashes", 200, empty_dashes},   {"short dashes", 100, short_dashes},
-      {"group paths", 200, group_paths},     {"shared sources", 50, shared_sources},
+      {"font names", 100, font_names},       {"markers along lines", 100, markers_along_lines},
+      {"empty dashes", 50, empty_dashes},    {"short dashes", 50, short_dashes},
+      {"group paths", 100, group_paths},     {"shared sources", 25, shared_sources},
       {"shared labels", 200, shared_labels}, {"references to layers", 500, layer_references},
-      {"broken layers", 500, broken_layers},
+      {"broken layers", 250, broken_layers},
   };
   return streams;
 }
