@@ -1,4 +1,4 @@
-// What is left of a damaged document: all that lies before a cut, and all that is not broken.
+// What is read of a damaged document: everything before a cut, and everything intact.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -24,7 +24,7 @@ constexpr Guid standard_font_id = guid_from_text("0BE35203-8F91-11CE-9DE3-00AA00
 constexpr Guid number_format_id = guid_from_text("7E4F4719-8E54-11D2-AAD8-000000000000");
 
 // Other scales were read from somewhere else, and so would be what follows them.
-constexpr double largest_scale = 1e12;
+constexpr double max_scale_denominator = 1e12;
 
 bool read_version(Byte_view& bytes, Object_start& start, std::uint16_t& version) {
   return read_object_start(bytes, start) && read_number(bytes, version);
@@ -84,14 +84,14 @@ std::optional<Label_class::Font> read_text_font(const Byte_search& stream, std::
                                                 std::uint64_t end) {
   constexpr std::uint64_t size_distance = 36;
   constexpr double points_per_unit = 1e-4;
-  constexpr double most_points = 10000;
+  constexpr double max_points = 10000;
   constexpr double rounding = 0.5;
   double stated = 0;
   Byte_view size = stream.view(position - size_distance, end);
   Byte_view bytes = stream.view(position, end);
   Tmxd_font font;
   if (!read_number(size, stated) || !font.read(bytes)) return std::nullopt;
-  if (!(stated > 0 && stated < most_points)) return std::nullopt;
+  if (!(stated > 0 && stated < max_points)) return std::nullopt;
   if (!(std::abs(stated - font.size * points_per_unit) <= rounding)) return std::nullopt;
   Label_class::Font read{{}, stated};
   const auto is_ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
@@ -176,7 +176,7 @@ bool read_normalization(Byte_view bytes, Feature_facts& facts) {
 // After the legend: 18 zero bytes, a class id if the byte before it is 1, a word, and a number
 // format, whose length depends on its class.
 void read_class_breaks(Byte_view bytes, Feature_facts& facts) {
-  constexpr std::uint64_t longest_format = 256;
+  constexpr std::uint64_t max_format_length = 256;
   std::uint8_t has_id = 0;
   Guid id;
   std::uint16_t word = 0;
@@ -186,7 +186,7 @@ void read_class_breaks(Byte_view bytes, Feature_facts& facts) {
   if (!read_number(bytes, word) || !read_object_start(bytes, format)) return;
   if (!is_number_format(format.class_id)) return;
   const std::uint64_t fields = bytes.tell();
-  for (std::uint64_t length = 0; length <= longest_format; ++length) {
+  for (std::uint64_t length = 0; length <= max_format_length; ++length) {
     bytes.seek(fields + length);
     if (read_normalization(bytes, facts)) return;
   }
@@ -201,7 +201,7 @@ Feature_facts read_feature_facts(const Tmxd_feature_layer& layer, Byte_search& s
   };
   Feature_facts facts;
   std::uint64_t fields_end = position + Object_start::size;
-  const auto is_scale = [](double scale) { return scale >= 0 && scale <= largest_scale; };
+  const auto is_scale = [](double scale) { return scale >= 0 && scale <= max_scale_denominator; };
   if (inside(layer.scales_end) && is_scale(layer.min_scale) && is_scale(layer.max_scale)) {
     fields_end = static_cast<std::uint64_t>(layer.scales_end);
     facts.definition_query = read_definition_query(stream.view(fields_end, end));

@@ -85,7 +85,7 @@ std::size_t Coalescing_reader::read_window(std::span<const std::int64_t> offsets
 std::size_t Coalescing_reader::read_bytes(std::int64_t offset, std::span<std::uint8_t> to) {
   const auto start = static_cast<std::uint64_t>(offset);
   if (!stream_.seek(start) || !stream_.read(to.data(), 1, to.size())) return 0;
-  // A file stream also returns true for a partial read; the position tells how much arrived.
+  // A file stream also returns true for a partial read; the position shows how much arrived.
   const std::uint64_t end = std::max(stream_.tell(), start);
   return std::min(static_cast<std::size_t>(end - start), to.size());
 }

@@ -43,7 +43,7 @@ class Compound_file {
   static constexpr std::string_view mini_fat = "/mini FAT";
 
   // Directory entries, in file order after the root. Streams below the cutoff go to the mini
-  // stream. The tree of storages is flat: whatever stands in it is a child of the root.
+  // stream. The tree of storages is flat: every entry is a child of the root.
   Compound_file& stream(std::string_view name, Byte_run bytes) {
     return add(entries_, {std::string(name), Kind::stream, std::move(bytes)});
   }

@@ -1,4 +1,4 @@
-// What stands around a renderer in the stream "Maps", as small as it can be.
+// The smallest records that can contain a renderer in the stream "Maps".
 #pragma once
 
 #include "document/map.h"

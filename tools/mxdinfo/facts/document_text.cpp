@@ -10,7 +10,7 @@
 namespace mxdinfo {
 namespace {
 
-// Paragraphs become sentences after each other.
+// Replaces line breaks by spaces.
 std::string in_one_line(std::string_view text) {
   std::string line;
   for (const char c : text) {

@@ -160,6 +160,10 @@ const Tmxd_renderer* renderer_of(const Tmxd_layer& layer) {
   return simple && simple->legend_group.number == 0 ? nullptr : renderer;
 }
 
+bool has_unknown_renderer(const Tmxd_layer& layer) {
+  return as<Tmxd_feature_layer>(layer) && !renderer_of(layer);
+}
+
 Renderer_kind kind_of(const Tmxd_renderer& renderer) {
   return visit(renderer,
                Overloaded{
@@ -200,7 +204,7 @@ std::vector<std::string> renderer_fields(const Tmxd_renderer& renderer) {
 
 std::string drawn_text(const Tmxd_layer& layer, const Feature_facts& facts) {
   const auto* renderer = renderer_of(layer);
-  if (!renderer) return as<Tmxd_feature_layer>(layer) ? "not known" : "";
+  if (!renderer) return has_unknown_renderer(layer) ? "not known" : "";
   const std::string divisor = utf8(facts.normalization_field.value_or(Wide_string()));
   const std::string fields = fmt::format("{}", fmt::join(renderer_fields(*renderer), ", "));
   switch (kind_of(*renderer)) {

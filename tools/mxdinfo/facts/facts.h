@@ -47,6 +47,8 @@ std::string coordinate_system_text(const mxd::Tmxd_coordinate_system& system);
 
 // Null if the layer has none or its symbol could not be read.
 const mxd::Tmxd_renderer* renderer_of(const mxd::Tmxd_layer& layer);
+// Whether the layer must have a renderer, and none could be read.
+bool has_unknown_renderer(const mxd::Tmxd_layer& layer);
 enum class Renderer_kind { simple, unique_values, class_breaks };
 Renderer_kind kind_of(const mxd::Tmxd_renderer& renderer);
 // "simple", "unique_values", "class_breaks"

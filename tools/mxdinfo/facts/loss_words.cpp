@@ -14,8 +14,10 @@ struct Words_of_type {
 // The first entry whose ending the type has applies.
 constexpr std::array words_of_types{
     Words_of_type{"_map", {"map", "it is missing or incomplete"}},
-    Words_of_type{"_layer", {"layer", "only its name is known"}},
-    Words_of_type{"_renderer", {"renderer", "how the layer is drawn is not known"}},
+    Words_of_type{"_layer", {"layer", "it is missing"}},
+    Words_of_type{"_renderer",
+                  {"renderer",
+                   "how the layer is drawn is not known; what is stored after it may be missing"}},
     Words_of_type{"_legend_group", {"legend", "the layer's classes are missing"}},
     Words_of_type{"_legend_class", {"legend", "the layer's classes are incomplete"}},
     Words_of_type{"_symbol", {"symbol", "a symbol or a part of it is missing"}},

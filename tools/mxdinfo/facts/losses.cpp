@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace mxdinfo {
 namespace {
@@ -24,6 +25,13 @@ Errors sorted_errors(const Report& report) {
   return errors;
 }
 
+Errors errors_of_renderers(const Errors& errors) {
+  Errors found;
+  std::copy_if(errors.begin(), errors.end(), std::back_inserter(found),
+               [](const Decode_error* error) { return error->type.ends_with("_renderer"); });
+  return found;
+}
+
 Errors::const_iterator first_from(const Errors& errors, std::uint64_t position) {
   return std::lower_bound(
       errors.begin(), errors.end(), position,
@@ -41,7 +49,17 @@ std::optional<Listed_layer> layer_at(const std::vector<Listed_layer>& layers,
 }
 
 Loss loss_of(const Map_outline& map, std::optional<Listed_layer> layer, const Decode_error* error) {
-  return {&map, layer, loss_words(error->type), error};
+  Loss loss{&map, layer, loss_words(error->type), error};
+  if (layer && layer->record().position == position_of(error)) {
+    const bool failed = layer->record().read_failed();
+    loss.words.consequence = failed ? "only its name is known" : "a part of it is missing";
+  }
+  return loss;
+}
+
+bool has_error_within(const Errors& errors, const Layer_record& record) {
+  const auto error = first_from(errors, record.position);
+  return error != errors.end() && position_of(*error) < record.position + record.length;
 }
 
 // Whether labels are shown of which a class, a color or a font could not be read.
@@ -54,9 +72,18 @@ bool has_unknown_labels(const Layer_record& record) {
          });
 }
 
-void add_layer_losses(std::vector<Loss>& losses, const Errors& errors, const Listed_layer& listed) {
+void add_layer_losses(std::vector<Loss>& losses, const Errors& errors,
+                      const Errors& renderer_errors, const Listed_layer& listed) {
   const Layer_record& record = listed.record();
   if (const Tmxd_layer* layer = record.layer) {
+    // Of an unknown class, it is no error of the load.
+    if (has_unknown_renderer(*layer) && !has_error_within(renderer_errors, record)) {
+      losses.push_back(
+          {listed.map,
+           listed,
+           {"renderer",
+            "how the layer is drawn is not known; what is stored after it may be missing"}});
+    }
     if (has_unknown_labels(record)) {
       losses.push_back({listed.map, listed, {"labels", "how its labels look is not known"}});
     }
@@ -86,7 +113,10 @@ void add_map_losses(std::vector<Loss>& losses, const Errors& errors, const Map_o
   for (; error != errors.end() && position_of(*error) < map.end; ++error) {
     losses.push_back(loss_of(map, layer_at(layers, position_of(*error)), *error));
   }
-  for (const Listed_layer& layer : layers) add_layer_losses(losses, errors, layer);
+  const Errors renderer_errors = errors_of_renderers(errors);
+  for (const Listed_layer& layer : layers) {
+    add_layer_losses(losses, errors, renderer_errors, layer);
+  }
   if (map.missing_layers() > 0) {
     losses.push_back(
         {&map, std::nullopt, {"layers", "some layers that the map counts were not found"}});
@@ -109,6 +139,11 @@ std::vector<Loss> losses_of(const Report& report) {
     losses.push_back({nullptr, std::nullopt, loss_words(error->type), error});
   }
   return losses;
+}
+
+std::optional<std::uint64_t> offset_of(const Loss& loss) {
+  if (loss.error || loss.layer) return position_of(loss);
+  return std::nullopt;
 }
 
 std::string path_of(const Loss& loss) {

@@ -25,6 +25,9 @@ struct Loss {
 // Map by map in stream order; parts outside all maps come last.
 std::vector<Loss> losses_of(const Report& report);
 
+// In the stream of the maps; nothing if it is not known.
+std::optional<std::uint64_t> offset_of(const Loss& loss);
+
 // "Layers / Roads / Motorways"; empty for a part outside all maps.
 std::string path_of(const Loss& loss);
 

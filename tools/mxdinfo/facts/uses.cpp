@@ -20,6 +20,9 @@ namespace {
 
 using namespace mxd;
 
+// What layers use that are not decoded.
+constexpr const char* not_decoded = "not known";
+
 template <class Visit>
 void visit_layers(const Report& report, Visit visit) {
   for (const Map_outline& map : report.outline.maps) {
@@ -31,7 +34,13 @@ std::vector<Use> source_uses(const Report& report, bool with_states) {
   std::vector<Use> uses;
   visit_layers(report, [&](const Listed_layer& listed) {
     const Tmxd_layer* layer = listed.layer();
-    const Source source = layer ? source_of(*layer) : Source();
+    if (!layer) {
+      const std::size_t empty_cells = with_states ? 5 : 3;
+      uses.push_back({{not_decoded}});
+      uses.back().cells.resize(1 + empty_cells);
+      return;
+    }
+    const Source source = source_of(*layer);
     if (source.empty()) return;
     Use use{{std::string(data_kind(*layer)), shortened(source.dataset),
              shortened(source.feature_dataset), shortened(source.workspace)}};
@@ -56,7 +65,8 @@ std::vector<Use> coordinate_system_uses(const Report& report) {
   };
   for (const Map_outline& map : report.outline.maps) add(map.map->coordinate_system.get(), false);
   visit_layers(report, [&](const Listed_layer& listed) {
-    if (listed.layer()) add(coordinate_system_of(*listed.layer()), true);
+    if (listed.layer()) return add(coordinate_system_of(*listed.layer()), true);
+    uses.push_back({{not_decoded, ""}, true});
   });
   return uses;
 }
@@ -123,7 +133,7 @@ std::vector<std::string> use_columns(View view, bool with_states) {
     case View::fonts:
       return {"font"};
     case View::losses:
-      return {"what", "consequence", "class"};
+      return {"what", "consequence", "type"};
     case View::tree:
     case View::layers:
     case View::broken:

@@ -50,8 +50,8 @@ std::string name_cell(const Tmxd_coordinate_system* system) {
   return system ? coordinate_system_name(*system) : std::string();
 }
 
-// The cells from "visible" to "legend_classes", which only decoded layers have.
-std::vector<std::string> decoded_cells(const Tmxd_layer& layer, const Map_outline& map) {
+// The cells from "visible" to "epsg", which only decoded layers have, but for that of their map.
+std::vector<std::string> decoded_cells(const Tmxd_layer& layer) {
   const Source source = source_of(layer);
   const auto* renderer = renderer_of(layer);
   return {true_or_false(visible(layer)),
@@ -63,22 +63,25 @@ std::vector<std::string> decoded_cells(const Tmxd_layer& layer, const Map_outlin
           source.workspace,
           geometry_of(layer),
           name_cell(coordinate_system_of(layer)),
-          name_cell(map.map->coordinate_system.get()),
-          renderer ? renderer_kind(*renderer) : "",
+          "",
+          renderer                      ? renderer_kind(*renderer)
+          : has_unknown_renderer(layer) ? "unknown"
+                                        : "",
           renderer ? fmt::format("{}", fmt::join(renderer_fields(*renderer), ", ")) : "",
-          fmt::format("{}", legend_class_count(layer)),
+          renderer ? fmt::format("{}", legend_class_count(layer)) : "",
           epsg(coordinate_system_of(layer))};
 }
 
 std::vector<std::string> cells_of(const Report& report, const Listed_layer& listed) {
   constexpr std::size_t decoded_cell_count = 14;
+  constexpr std::size_t map_system_cell = 9;
   const Layer_record& record = listed.record();
   const Feature_facts& facts = record.facts;
   const Tmxd_layer* layer = listed.layer();
   std::vector<std::string> cells = {report.name, shortened(name_of(*listed.map)),
                                     group_path(listed), name_of(record), kind_word(record.kind())};
-  const auto decoded =
-      layer ? decoded_cells(*layer, *listed.map) : std::vector<std::string>(decoded_cell_count);
+  auto decoded = layer ? decoded_cells(*layer) : std::vector<std::string>(decoded_cell_count);
+  decoded[map_system_cell] = name_cell(listed.map->map->coordinate_system.get());
   cells.insert(cells.end(), decoded.begin(), decoded.end());
   cells.push_back(epsg(listed.map->map->coordinate_system.get()));
   cells.push_back(utf8(facts.definition_query.value_or(Wide_string())));

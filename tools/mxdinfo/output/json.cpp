@@ -167,9 +167,7 @@ Json loss_json(const Loss& loss) {
           {"consequence", loss.words.consequence},
           {"type", loss.error ? Json(loss.error->type) : Json(nullptr)},
           {"number", loss.error ? Json(loss.error->number) : Json(nullptr)},
-          {"position", loss.error   ? Json(loss.error->position)
-                       : loss.layer ? Json(loss.layer->record().position)
-                                    : Json(nullptr)}};
+          {"position", offset_of(loss) ? Json(*offset_of(loss)) : Json(nullptr)}};
 }
 
 void write_losses(Json_list_stream& out, const Report& report) {

@@ -118,7 +118,7 @@ void add(Json& json, const Tmxd_arrow_marker_symbol& symbol) {
   json["offset_y"] = symbol.y_offset;
 }
 
-// Angle, size and offset stand in the bytes after the colors, the symbol's trailer after them.
+// The bytes after the colors hold angle, size and offset; the symbol's trailer follows.
 void add(Json& json, const Tmxd_picture_marker_symbol& symbol) {
   constexpr std::size_t trailer_at = 48;
   constexpr std::uint8_t trailer = 13;

@@ -131,9 +131,9 @@ class Loss_writer final : public Report_writer {
     std::string row =
         fmt::format("{},{},{},{},", format_.cell(report.name), format_.cell(path_of(loss)),
                     loss.words.subject, format_.cell(loss.words.consequence));
-    if (!loss.error) return row + ",,";
-    return row +
-           fmt::format("{},{},{}", loss.error->type, loss.error->number, loss.error->position);
+    row += loss.error ? fmt::format("{},{},", loss.error->type, loss.error->number) : ",,";
+    const auto offset = offset_of(loss);
+    return offset ? row + fmt::format("{}", *offset) : row;
   }
 
   Csv_format format_;

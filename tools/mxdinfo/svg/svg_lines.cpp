@@ -16,7 +16,7 @@ namespace {
 
 using namespace mxd;
 
-// More repetitions would not be told apart.
+// More repetitions could not be distinguished.
 constexpr std::size_t max_poses = 60;
 constexpr double min_pattern = 0.5;
 

@@ -90,7 +90,7 @@ bool is_printable(std::int32_t code) {
          !(code >= 0x202A && code <= 0x202E) && !(code >= 0xFDD0 && code <= 0xFDEF);
 }
 
-// An outline lies within the size.
+// The size includes the outline.
 void draw_shape(Canvas& canvas, const Marker_shape& shape, double font_size,
                 std::string_view color) {
   constexpr double outline_share = 0.1;
