@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cmath>
 #include <optional>
 
 #include "mxdinfo/facts/display_text.h"
@@ -53,7 +54,7 @@ std::string date_text(double days) {
   if (!(days > 0 && days < days_to_year_10000)) return {};
   constexpr int minutes_per_hour = 60;
   constexpr int minutes_per_day = 24 * minutes_per_hour;
-  const auto minutes = static_cast<std::int64_t>(days * minutes_per_day + 0.5);
+  const auto minutes = std::llround(days * minutes_per_day);
   const chrono::sys_days first = chrono::year(1899) / 12 / 30;
   const chrono::year_month_day date = first + chrono::days(minutes / minutes_per_day);
   const auto time = minutes % minutes_per_day;

@@ -1,5 +1,7 @@
 #include "mxdinfo/inventory/diff.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <map>
@@ -75,8 +77,8 @@ class Comparison {
     for (const Json& item : classes) {
       std::string name = text_at(item, "label");
       const std::string heading = text_at(item, "heading");
-      if (!heading.empty()) name = heading + " / " + name;
-      if (const int before = seen[name]++) name += " (" + std::to_string(before + 1) + ")";
+      if (!heading.empty()) name = fmt::format("{} / {}", heading, name);
+      if (const int before = seen[name]++) name += fmt::format(" ({})", before + 1);
       names.push_back('"' + name + '"');
     }
     return names;

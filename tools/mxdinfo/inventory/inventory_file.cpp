@@ -19,7 +19,7 @@ std::string bytes_of_hex(const std::string& digits) {
 
 std::optional<Inventory_entry> entry_of(std::string_view line) {
   const std::size_t end = line.find(key_after_file);
-  if (end == line.npos) return std::nullopt;
+  if (end == std::string_view::npos) return std::nullopt;
   std::string start(line.substr(0, end));
   const Json json = Json::parse(start += '}', nullptr, false);
   if (!json.is_object() || !json.contains("file") || !json["file"].is_object()) return std::nullopt;
@@ -60,7 +60,7 @@ bool Inventory_file::read_entries() {
   while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file_.get())) {
     std::string_view rest(piece.data(), got);
     if (entries_.empty() && line.empty() && !rest.starts_with('{')) return false;
-    for (std::size_t end = rest.find('\n'); end != rest.npos; end = rest.find('\n')) {
+    for (std::size_t end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
       line += rest.substr(0, end);
       rest.remove_prefix(end + 1);
       if (!add_line(line, line_start)) return false;
