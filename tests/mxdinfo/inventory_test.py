@@ -6,7 +6,7 @@ import re
 import sqlite3
 import unittest
 
-from support import ROOT, SAMPLE, SAMPLES, Case, made, named, schema_errors, slashes
+from support import IS_WINDOWS, ROOT, SAMPLE, SAMPLES, Case, made, named, schema_errors, slashes
 
 
 class Update(Case):
@@ -69,11 +69,37 @@ class Update(Case):
         self.update("--files-from", "none")
         self.assertEqual(before, [line["file"] for line in self.lines()])
 
+    def test_states_below_folders_that_cannot_be_reached(self):
+        self.update("--check-sources", "sub")
+        os.rename(self.path("sub"), self.path("away"))
+        for options, has_states in ((["--check-sources"], True), ([], False)):
+            self.assertEqual("sub (bad) (c) (d)", self.update(*options, "sub")[0])
+            self.assertEqual(has_states, b'"state":' in self.read("inv"))
+
+    @unittest.skipIf(IS_WINDOWS, "command lines of Windows are shorter")
+    def test_lines_that_are_too_long_with_states_are_written_again(self):
+        # As text of JSON the path is six times as long.
+        options = ["--check-sources", "--map", "C:\\data=/" + "\1" * 120000]
+        for _ in range(2):
+            self.run_mxdinfo("-q", "--update", "inv", SAMPLE)
+            self.run_mxdinfo("--update", "inv", *options, SAMPLE)
+            fresh = self.run_mxdinfo("-q", "-f", "ndjson", *options, SAMPLE, binary=True)[0]
+            self.assertIn(b"it is too long", fresh)
+            self.assertEqual(fresh, self.read("inv"))
+
     def test_no_other_file_is_overwritten(self):
         for data in (b"notes", b"{}\n", b'{"file": 1}\n', named("x")):
             self.write("inv", data)
             self.run_mxdinfo("--update", "inv", "a.mxd", code=2)
             self.assertEqual(data, self.read("inv"))
+
+    def test_listed_and_found_inventories_are_not_overwritten(self):
+        self.write("list", b"a.mxd\n./inv\n")
+        for name, inputs in (("inv", ["--files-from", "list"]), ("inv.mxd", ["."])):
+            self.run_mxdinfo("--update", name, "a.mxd")
+            data = self.read(name)
+            self.assertIn("is an input", self.run_mxdinfo("--update", name, *inputs, code=2)[1])
+            self.assertEqual(data, self.read(name))
 
     def test_copies_have_equal_hashes(self):
         self.write("copy.mxd", made("sample"))

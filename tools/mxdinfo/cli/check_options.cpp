@@ -54,6 +54,8 @@ std::string view_error(const Options& options) {
       options.view != View::tree && options.view != View::layers && options.view != View::broken;
   const bool is_list = is_list_format(format);
   return first_broken({
+      {options.update && format != Format::ndjson, "--update: writes ndjson"},
+      {options.update && !plain, "--update: does not go with views and searches"},
       {options.totals && !total_view,
        "--totals: needs --sources, --crs, --symbols, --fonts or --losses"},
       {options.totals && !total_format, "--totals: goes with text, csv and json"},
@@ -64,8 +66,6 @@ std::string view_error(const Options& options) {
       {!options.totals && is_view_of_text(options.view) && format != Format::text,
        "--format: this view is of the text; with --totals it goes with csv and json"},
       {options.deep && options.find_source.empty(), "--deep: needs --find-source"},
-      {options.update && format != Format::ndjson, "--update: writes ndjson"},
-      {options.update && !plain, "--update: does not go with views and searches"},
       {options.diff && (!plain || !is_any_of(format, {Format::text, Format::json})),
        "--diff: goes with text and json, without views and searches"},
   });

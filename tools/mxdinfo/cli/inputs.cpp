@@ -100,8 +100,14 @@ bool is_input(const std::string& file, const Options& options, const Inputs& inp
   const auto is_this = [&](const std::string& path) {
     return path == "-" ? is_standard_input(file) : is_same_file(file, path);
   };
-  return (!options.files_from.empty() && is_this(options.files_from)) ||
-         std::any_of(inputs.paths.begin(), inputs.paths.end(), is_this);
+  if (!options.files_from.empty() && is_this(options.files_from)) return true;
+  const auto& paths = inputs.paths;
+  if (!options.update || is_document(file)) return std::any_of(paths.begin(), paths.end(), is_this);
+  // The file has no document's name, and looking up every document of a large share takes long.
+  const auto& named = options.inputs;
+  return std::any_of(named.begin(), named.end(), is_this) ||
+         std::any_of(paths.begin(), paths.end(),
+                     [&](const std::string& path) { return !is_document(path) && is_this(path); });
 }
 
 }  // namespace mxdinfo

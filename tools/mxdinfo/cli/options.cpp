@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -56,6 +57,7 @@ CLI::Validator one_of(const Choices<Value>& choices) {
 // Command-line values that Options keeps in another form.
 struct Raw_options {
   Options options;
+  std::optional<Format> format;
   bool dump = false;
   std::string xml_file;
   std::string inventory;
@@ -119,7 +121,7 @@ void add_inputs(CLI::App& app, Options& options) {
 
 void add_outputs(CLI::App& app, Raw_options& raw) {
   Options& options = raw.options;
-  auto* format = app.add_option("-f,--format", options.format,
+  auto* format = app.add_option("-f,--format", raw.format,
                                 "text (default), json, ndjson, csv, html, xml, dump")
                      ->type_name("FORMAT")
                      ->transform(one_of(formats));
@@ -219,13 +221,13 @@ void add_general_options(CLI::App& app, Options& options) {
 
 Options resolved(const Raw_options& raw) {
   Options options = raw.options;
+  options.format = raw.format.value_or(raw.inventory.empty() ? Format::text : Format::ndjson);
   if (raw.dump) options.format = Format::dump;
   if (!raw.xml_file.empty()) {
     options.format = Format::xml;
     options.output = raw.xml_file;
   }
   if (!raw.inventory.empty()) {
-    if (options.format == Format::text) options.format = Format::ndjson;
     options.output = raw.inventory;
     options.update = true;
   }

@@ -280,9 +280,7 @@ Exit_code run_options(Options& options) {
     print_stderr("mxdinfo: xml and dump of several documents need -o FOLDER\n");
     return Exit_code::wrong_usage;
   }
-  // Only inventories are updated, and no document is one.
-  const bool replaces = !options.output.empty() && !options.update;
-  if (replaces && is_input(options.output, options, inputs)) {
+  if (!options.output.empty() && is_input(options.output, options, inputs)) {
     print_stderr(error_message(utf8_of_path(options.output), "is an input, and not overwritten") +
                  "\n");
     return Exit_code::wrong_usage;

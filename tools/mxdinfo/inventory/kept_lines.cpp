@@ -8,6 +8,7 @@
 #include "mxdinfo/facts/display_text.h"
 #include "mxdinfo/facts/document_text.h"
 #include "mxdinfo/inventory/kept_states.h"
+#include "mxdinfo/output/bounded_text.h"
 
 namespace mxdinfo {
 namespace {
@@ -49,7 +50,9 @@ std::optional<Rendered_document> Kept_lines::line_of(const std::string& path,
   auto line = old_->line(*entry);
   if (!line) return std::nullopt;
   Rendered_document result;
-  result.text = status ? with_states(*line, path, places) : std::move(*line);
+  const bool looks_for_data = status && places;
+  result.text = status || !places ? with_states(*line, path, places) : std::move(*line);
+  if (looks_for_data && result.text.size() > max_output_size(entry->size)) return std::nullopt;
   result.summary.name = utf8_of_path(path);
   if (!entry->is_readable) result.summary.failure = not_a_document;
   result.summary.losses = entry->has_losses ? 1 : 0;

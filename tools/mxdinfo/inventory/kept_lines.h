@@ -21,8 +21,9 @@ class Kept_lines {
              Inputs& inputs);
 
   // The document's line with the states that its data has now, or without states if the places are
-  // null. Nothing if the document is new, has another size or time, or the line is of another
-  // version of mxdinfo. Called by several threads.
+  // null. Below folders that cannot be reached the states stay. Nothing if the document is new, has
+  // another size or time, its line would be too long with the states, or is of another version of
+  // mxdinfo. Called by several threads.
   std::optional<Rendered_document> line_of(const std::string& path,
                                            const Source_places* places) const;
 

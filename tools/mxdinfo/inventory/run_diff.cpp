@@ -145,7 +145,8 @@ Exit_code run_diff(const Options& options) {
   const auto after = Inventory_file::open(options.inputs[1]);
   if (!before != !after) {
     const std::string& other = options.inputs[before ? 1 : 0];
-    print_stderr(error_message(utf8_of_path(other), "is no inventory as the other file is") + "\n");
+    print_stderr(error_message(utf8_of_path(other), "is not an inventory, but the other file is") +
+                 "\n");
     return Exit_code::wrong_usage;
   }
   for (const std::string& input : options.inputs) {

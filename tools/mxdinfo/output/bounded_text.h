@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,10 +13,13 @@ namespace mxdinfo {
 
 // Documents may repeat long names and large symbols by references of a few bytes, so the output of
 // a damaged one could be any size. Real documents stay far below this bound.
-inline std::size_t max_output_size(const Report& report) {
+inline std::size_t max_output_size(std::uint64_t bytes_read) {
   constexpr std::size_t base = std::size_t{1} << 20;
   constexpr std::size_t per_byte = 16;
-  return base + per_byte * static_cast<std::size_t>(report.bytes_read);
+  return base + per_byte * static_cast<std::size_t>(bytes_read);
+}
+inline std::size_t max_output_size(const Report& report) {
+  return max_output_size(report.bytes_read);
 }
 
 // Text up to a maximum size.
