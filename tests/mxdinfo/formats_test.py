@@ -28,6 +28,7 @@ class Commands(Case):
         for name in ("share/b.mxd", "share/A.MXD", "share/sub/c.Mxd", "share/sub/deeper/d.mxt"):
             self.write(name, named("good"))
         for name, data in (("brackets", ("[x,y]",)), ("cyrillic", ("Дороги",)),
+                           ("names", ("Light", "C:\\data", "roads", "")),
                            ("sources/present", ("P", "..\\data", "roads", "")),
                            ("sources/absent", ("A", "C:\\none", "roads", "")),
                            ("totals/a", ("T", "C:\\base", "roads", "")),

@@ -24,6 +24,16 @@ std::uint32_t folded(std::uint32_t unit) {
   return first_code_point(fold_case(text)).value;
 }
 
+bool is_printable(std::uint32_t unit) {
+  return unit >= 0x20 && unit != 0x7F && !(unit >= 0xD800 && unit < 0xE000) && unit != 0xFFFF;
+}
+
+// Two ASCII characters, read as one unit of UTF-16.
+bool is_ascii_pair(std::uint32_t unit) {
+  const auto is_ascii = [](std::uint32_t byte) { return byte >= 0x20 && byte < 0x7F; };
+  return is_ascii(unit & 0xFF) && is_ascii(unit >> 8);
+}
+
 // One of the two forms in which the stream may have the text.
 struct Form {
   std::size_t unit_size;
@@ -43,32 +53,71 @@ struct Form {
     }
     return true;
   }
+  bool is_text(Bytes bytes, std::size_t at) const {
+    const std::uint32_t found = unit(bytes, at);
+    return is_printable(found) && found <= (unit_size == 1 ? 0x7EU : 0xFFFEU);
+  }
 };
-
-bool is_printable(std::uint32_t unit) {
-  return unit >= 0x20 && unit != 0x7F && !(unit >= 0xD800 && unit < 0xE000) && unit != 0xFFFF;
-}
 
 std::string context_of(Bytes bytes, const Form& form, std::size_t at) {
   constexpr std::size_t max_units = 60;
-  const std::uint32_t last_unit = form.unit_size == 1 ? 0x7E : 0xFFFE;
-  const auto is_text = [&](std::size_t position) {
-    const std::uint32_t unit = form.unit(bytes, position);
-    return is_printable(unit) && unit <= last_unit;
-  };
+  const auto& pattern = form.pattern;
+  const bool may_have_pairs = std::any_of(pattern.begin(), pattern.end(), is_ascii_pair);
   std::size_t begin = at;
+  std::size_t narrow_begin = at;
   for (std::size_t i = 0; i < max_units && begin >= form.unit_size; ++i) {
-    if (!is_text(begin - form.unit_size)) break;
-    begin -= form.unit_size;
+    const std::size_t before = begin - form.unit_size;
+    if (!form.is_text(bytes, before)) break;
+    const std::uint32_t unit = form.unit(bytes, before);
+    // A pair is of another text, with one byte per character. Only the units below U+0100 after it
+    // are then certain to belong to the match.
+    if (!may_have_pairs && is_ascii_pair(unit)) {
+      begin = narrow_begin;
+      break;
+    }
+    if (unit < 0x100 && narrow_begin == begin) narrow_begin = before;
+    begin = before;
   }
-  std::size_t end = at + form.pattern.size() * form.unit_size;
+  std::size_t end = at + pattern.size() * form.unit_size;
   for (std::size_t i = 0; i < max_units && end + form.unit_size <= bytes.size(); ++i) {
-    if (!is_text(end)) break;
+    if (!form.is_text(bytes, end)) break;
     end += form.unit_size;
   }
   std::string text;
   for (; begin < end; begin += form.unit_size) append_utf8(text, form.unit(bytes, begin));
   return text;
+}
+
+const Wide_string& name_at(const Deep_hit& hit) {
+  static const Wide_string none;
+  if (!hit.layer) return hit.map ? hit.map->map->name : none;
+  const Layer_record& record = hit.layer->record();
+  return record.layer ? record.layer->layer_name : record.name;
+}
+
+// Where the text with the first match ends if it is the name and nothing more; else nothing.
+std::optional<std::size_t> end_of_name(Bytes bytes, const Form& form, std::size_t at,
+                                       const Wide_string& name) {
+  const auto match =
+      std::search(name.begin(), name.end(), form.pattern.begin(), form.pattern.end(),
+                  [](Wide_char unit, std::uint32_t wanted) { return folded(unit) == wanted; });
+  const std::size_t before = static_cast<std::size_t>(match - name.begin()) * form.unit_size;
+  if (match == name.end() || before > at) return std::nullopt;
+  const std::size_t begin = at - before;
+  const std::size_t size = name.size() * form.unit_size;
+  if (size > bytes.size() - begin) return std::nullopt;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    if (form.unit(bytes, begin + i * form.unit_size) != name[i]) return std::nullopt;
+  }
+  const std::size_t end = begin + size;
+  // A text has its length in bytes before it. Most end with a NUL, and some lengths count
+  // otherwise.
+  const bool has_length =
+      begin >= 4 && (bytes[begin - 4] | std::size_t{bytes[begin - 3]} << 8) == size;
+  const bool is_whole =
+      (begin < form.unit_size || !form.is_text(bytes, begin - form.unit_size)) &&
+      (has_length || bytes.size() - end < form.unit_size || !form.is_text(bytes, end));
+  return is_whole ? std::optional(end) : std::nullopt;
 }
 
 // Finds the map and layer of a position. The layers are listed once.
@@ -137,12 +186,15 @@ std::vector<Deep_hit> deep_search(const Report& report, const std::string& wante
                                    [&](const Form& each) { return each.is_at(bytes, at); });
     if (form == forms.end()) continue;
     Deep_hit hit = places.at(at);
-    const std::size_t layer = hit.layer ? hit.layer->index + 1 : 0;
-    if (!seen.emplace(hit.map, layer).second) continue;
-    if (hit.layer) {
-      const bool is_named = fold_case(name_of(hit.layer->record())).find(wanted) != wanted.npos;
-      if (is_named || (hit.layer->layer() && is_known(*hit.layer))) continue;
+    const std::pair place(hit.map, hit.layer ? hit.layer->index + 1 : 0);
+    if (seen.count(place) != 0) continue;
+    if (const auto end = end_of_name(bytes, *form, at, name_at(hit))) {
+      // Each name is compared once, not once per match in it.
+      at = *end - 1;
+      continue;
     }
+    seen.insert(place);
+    if (hit.layer && hit.layer->layer() && is_known(*hit.layer)) continue;
     hit.context = context_of(bytes, *form, at);
     hits.push_back(std::move(hit));
   }

@@ -24,8 +24,8 @@ struct Deep_hit {
 };
 
 // Where the stream has the text, which must be in lower case, as UTF-16 or as ASCII: the first
-// place in each layer and outside of them. Layers for which `is_known` returns true and those whose
-// name has the text are left out.
+// place in each layer, and in each map and the stream outside of them, that is not the layer's or
+// map's name. Decoded layers for which `is_known` returns true are left out.
 std::vector<Deep_hit> deep_search(const Report& report, const std::string& wanted,
                                   const std::function<bool(const Listed_layer&)>& is_known);
 

@@ -92,9 +92,11 @@ class Layer_finder final : public Report_writer {
       const std::string place = hit.layer ? full_name(*hit.layer) + ": "
                                 : hit.map ? name_of(*hit.map) + ": "
                                           : "";
-      lines.line(0,
-                 fmt::format("{}: {}not decoded, at byte {}: {}", escape_controls(report.name),
-                             escape_controls(place), hit.position, escape_controls(hit.context)));
+      const bool is_decoded = hit.layer && hit.layer->layer();
+      lines.line(0, fmt::format("{}: {}{}, at byte {}: {}", escape_controls(report.name),
+                                escape_controls(place),
+                                is_decoded ? "elsewhere in the layer" : "not decoded", hit.position,
+                                escape_controls(hit.context)));
     }
     return hits.size();
   }
