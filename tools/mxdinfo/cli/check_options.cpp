@@ -85,7 +85,7 @@ std::string source_error(const Options& options) {
 
 std::string usage_error(const Options& options) {
   for (const auto& error : {input_error, view_error, source_error}) {
-    const std::string message = error(options);
+    std::string message = error(options);
     if (!message.empty()) return message;
   }
   return {};

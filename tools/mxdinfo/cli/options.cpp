@@ -1,11 +1,15 @@
 #include "mxdinfo/cli/options.h"
 
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <span>
 #include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "mxdinfo/cli/check_options.h"
@@ -26,30 +30,30 @@ Exit code: 0 all documents were read, 1 some cannot be read, 2 wrong usage,
 3 something could not be read (with --strict), 4 data was not found (with --broken).)";
 
 template <class Value>
-using Choices = std::vector<std::pair<std::string, Value>>;
+using Choices = std::span<const std::pair<std::string_view, Value>>;
 
-const Choices<Format> formats{{"text", Format::text},     {"json", Format::json},
-                              {"ndjson", Format::ndjson}, {"csv", Format::csv},
-                              {"html", Format::html},     {"xml", Format::xml},
-                              {"dump", Format::dump}};
+constexpr std::pair<std::string_view, Format> formats[] = {
+    {"text", Format::text}, {"json", Format::json}, {"ndjson", Format::ndjson},
+    {"csv", Format::csv},   {"html", Format::html}, {"xml", Format::xml},
+    {"dump", Format::dump}};
 
-const Choices<Color_mode> color_modes{
+constexpr std::pair<std::string_view, Color_mode> color_modes[] = {
     {"auto", Color_mode::automatic}, {"always", Color_mode::always}, {"never", Color_mode::never}};
 
 // Replaces the word by the number of its value.
 template <class Value>
-CLI::Validator one_of(const Choices<Value>& choices) {
+CLI::Validator one_of(Choices<Value> choices) {
   return CLI::Validator(
-      [&choices](std::string& text) {
+      [choices](std::string& text) {
         std::string words;
         for (const auto& [word, value] : choices) {
           if (text == word) {
             text = std::to_string(static_cast<int>(value));
             return std::string();
           }
-          words += (words.empty() ? "" : ", ") + word;
+          words.append(words.empty() ? "" : ", ").append(word);
         }
-        return "\"" + text + "\" is none of " + words;
+        return fmt::format("\"{}\" is none of {}", text, words);
       },
       "");
 }
@@ -124,7 +128,7 @@ void add_outputs(CLI::App& app, Raw_options& raw) {
   auto* format = app.add_option("-f,--format", raw.format,
                                 "text (default), json, ndjson, csv, html, xml, dump")
                      ->type_name("FORMAT")
-                     ->transform(one_of(formats));
+                     ->transform(one_of(Choices<Format>(formats)));
   app.add_option("-o,--output", options.output,
                  "write to FILE, not to standard output; xml and dump of several documents to a "
                  "folder")
@@ -145,7 +149,7 @@ void add_outputs(CLI::App& app, Raw_options& raw) {
 std::string add_mapping(std::vector<Path_mapping>& mappings, const std::string& text) {
   const std::size_t begin = text.starts_with(bracket_guard) ? 1 : 0;
   const std::size_t end = text.find('=');
-  if (end == text.npos || end == begin || end + 1 == text.size()) {
+  if (end == std::string::npos || end == begin || end + 1 == text.size()) {
     return "\"" + text.substr(begin) + "\" is not like C:\\data=/mnt/data";
   }
   mappings.push_back({text.substr(begin, end - begin), text.substr(end + 1)});
@@ -214,9 +218,20 @@ void add_general_options(CLI::App& app, Options& options) {
       ->excludes(quiet);
   app.add_option("--color", options.color_mode, "auto (default), always, never")
       ->type_name("WHEN")
-      ->transform(one_of(color_modes));
+      ->transform(one_of(Choices<Color_mode>(color_modes)));
   app.add_flag("--strict", options.strict, "exit with 3 if something could not be read");
   app.set_version_flag("--version", "mxdinfo " MXDINFO_VERSION);
+}
+
+View view_of(const Raw_options& raw) {
+  return raw.layers               ? View::layers
+         : raw.sources            ? View::sources
+         : raw.coordinate_systems ? View::coordinate_systems
+         : raw.symbols            ? View::symbols
+         : raw.fonts              ? View::fonts
+         : raw.losses             ? View::losses
+         : raw.broken             ? View::broken
+                                  : View::tree;
 }
 
 Options resolved(const Raw_options& raw) {
@@ -231,14 +246,7 @@ Options resolved(const Raw_options& raw) {
     options.output = raw.inventory;
     options.update = true;
   }
-  options.view = raw.layers               ? View::layers
-                 : raw.sources            ? View::sources
-                 : raw.coordinate_systems ? View::coordinate_systems
-                 : raw.symbols            ? View::symbols
-                 : raw.fonts              ? View::fonts
-                 : raw.losses             ? View::losses
-                 : raw.broken             ? View::broken
-                                          : View::tree;
+  options.view = view_of(raw);
   if (raw.broken) options.check_sources = true;
   options.byte_order_mark = !raw.no_bom;
   options.formula_guard = !raw.no_formula_guard;
