@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "mxdinfo/facts/facts.h"
+
 namespace mxdinfo {
 namespace {
 
