@@ -50,7 +50,8 @@ std::string name_cell(const Tmxd_coordinate_system* system) {
   return system ? coordinate_system_name(*system) : std::string();
 }
 
-// The cells from "visible" to "epsg", which only decoded layers have, but for that of their map.
+// The cells from "visible" to "epsg", which only decoded layers have. The caller fills in that of
+// the map's coordinate system.
 std::vector<std::string> decoded_cells(const Tmxd_layer& layer) {
   const Source source = source_of(layer);
   const auto* renderer = renderer_of(layer);
