@@ -43,8 +43,8 @@ Bytes listed_sample() {
   const Bytes farms = listed_layer({200, "Farms", "farms", "maps/land", Bytes().f64s({-1, 1e13}),
                                     breaks, definition_query(text("")).add(hidden)});
   const Bytes unknown_renderer = Bytes().object(unheard_of_id, 303, 1, run(8)).zeros(156);
-  const Bytes ponds = listed_layer({300, "Ponds", "ponds", "SERVER=db;USER=me",
-                                    Bytes().f64s({0, 0}), unknown_renderer});
+  const Bytes ponds = listed_layer(
+      {300, "Ponds", "ponds", "SERVER=db;USER=me", Bytes().f64s({0, 0}), unknown_renderer});
   // The search for the symbol finds the line after the renderer, which is not its own.
   const Bytes unknown_symbol = Bytes().object(unheard_of_id, 404, 1, run(8));
   const Bytes plain = labels(950, -1, label_class(951, text("[W]"), {}));
