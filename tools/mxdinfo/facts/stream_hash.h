@@ -7,8 +7,8 @@
 
 namespace mxdinfo {
 
-// 16 hexadecimal digits: MurmurHash64A with seed 0. It distinguishes copies from changes, but is no proof
-// against forgery.
+// 16 hexadecimal digits: MurmurHash64A with seed 0. It distinguishes copies from changes, but is no
+// proof against forgery.
 std::string stream_hash(std::span<const std::uint8_t> bytes);
 
 }  // namespace mxdinfo
